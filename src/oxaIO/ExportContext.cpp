@@ -6,8 +6,7 @@
 
 namespace oxaIO {
 
-ExportContext::ExportContext()
-{
+ExportContext::ExportContext() {
     const QDateTime now = QDateTime::currentDateTime();
     if (!now.isValid())
         return;
@@ -19,11 +18,11 @@ ExportContext::ExportContext()
     createdTime.second = now.time().second();
 }
 
-std::wstring ExportContext::CreatedTimeAsString() const
-{
+std::wstring ExportContext::CreatedTimeAsString() const {
     wchar_t text[64];
     std::swprintf(text, sizeof text / sizeof text[0], L"%04d-%02d-%02dT%02d:%02d:%02d", createdTime.year,
-                  createdTime.month, createdTime.day, createdTime.hour, createdTime.minute, createdTime.second);
+                  createdTime.month, createdTime.day, createdTime.hour, createdTime.minute,
+                  createdTime.second);
     return text;
 }
 

@@ -6,12 +6,15 @@
 
 namespace oxaIO {
 
-OxaActivitySection::OxaActivitySection() : OxaSection(L"1.4") { InitPropertySection(); }
+OxaActivitySection::OxaActivitySection() : OxaSection(L"1.4") {
+    InitPropertySection();
+}
 
-OxaActivitySection::~OxaActivitySection() { qDeleteAll(schedules); }
+OxaActivitySection::~OxaActivitySection() {
+    qDeleteAll(schedules);
+}
 
-void OxaActivitySection::AddSchedule(ISchedule* schedule)
-{
+void OxaActivitySection::AddSchedule(ISchedule* schedule) {
     if (schedule)
         schedules.push_back(schedule);
 }

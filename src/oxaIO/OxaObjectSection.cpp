@@ -11,8 +11,7 @@ namespace oxaIO {
 
 namespace {
 
-int CountInContainer(IContainer* container)
-{
+int CountInContainer(IContainer* container) {
     int count = 0;
     std::list<IObject3D*> objects;
     container->Objects3D(&objects);
@@ -40,10 +39,11 @@ int CountInContainer(IContainer* container)
 
 } // namespace
 
-OxaObjectSection::OxaObjectSection() : OxaSection(L"1.5") { InitPropertySection(); }
+OxaObjectSection::OxaObjectSection() : OxaSection(L"1.5") {
+    InitPropertySection();
+}
 
-OxaObjectSection::~OxaObjectSection()
-{
+OxaObjectSection::~OxaObjectSection() {
     qDeleteAll(containers);
     qDeleteAll(materials);
     for (const auto& entry : rotations)
@@ -52,39 +52,35 @@ OxaObjectSection::~OxaObjectSection()
         delete entry.second;
 }
 
-void OxaObjectSection::AddContainer(IContainer* container)
-{
+void OxaObjectSection::AddContainer(IContainer* container) {
     if (container)
         containers.push_back(container);
 }
 
-void OxaObjectSection::AddMaterial(IMaterial* material)
-{
+void OxaObjectSection::AddMaterial(IMaterial* material) {
     if (material)
         materials.push_back(material);
 }
 
-void OxaObjectSection::Unit(const std::wstring& unit) { this->unit = unit; }
+void OxaObjectSection::Unit(const std::wstring& unit) {
+    this->unit = unit;
+}
 
 void OxaObjectSection::SetContainerRotTrans(IContainer* container, std::vector<double>* rotation,
-                                            std::vector<double>* translation)
-{
+                                            std::vector<double>* translation) {
     _Keep(rotations, container, rotation);
     _Keep(translations, container, translation);
 }
 
-const std::vector<double>* OxaObjectSection::ContainerRotation(IContainer* container) const
-{
+const std::vector<double>* OxaObjectSection::ContainerRotation(IContainer* container) const {
     return _Find(rotations, container);
 }
 
-const std::vector<double>* OxaObjectSection::ContainerTranslation(IContainer* container) const
-{
+const std::vector<double>* OxaObjectSection::ContainerTranslation(IContainer* container) const {
     return _Find(translations, container);
 }
 
-int OxaObjectSection::CountPolygonsWithoutTesselation() const
-{
+int OxaObjectSection::CountPolygonsWithoutTesselation() const {
     int count = 0;
     for (IContainer* container : containers)
         if (container)
@@ -92,21 +88,18 @@ int OxaObjectSection::CountPolygonsWithoutTesselation() const
     return count;
 }
 
-bool OxaObjectSection::IsEmpty() const
-{
+bool OxaObjectSection::IsEmpty() const {
     return PropertySection().IsEmpty() && containers.empty() && materials.empty();
 }
 
-void OxaObjectSection::_Keep(VectorMap& map, IContainer* container, std::vector<double>* vector)
-{
+void OxaObjectSection::_Keep(VectorMap& map, IContainer* container, std::vector<double>* vector) {
     std::vector<double>*& slot = map[container];
     if (slot != vector)
         delete slot;
     slot = vector;
 }
 
-const std::vector<double>* OxaObjectSection::_Find(const VectorMap& map, IContainer* container)
-{
+const std::vector<double>* OxaObjectSection::_Find(const VectorMap& map, IContainer* container) {
     const auto entry = map.find(container);
     return entry == map.end() ? nullptr : entry->second;
 }

@@ -24,15 +24,13 @@ namespace {
 using IDSet = std::set<std::wstring>;
 
 /// The IDs of every object of a list, in list order.
-template <typename Object> void InsertIDs(IDSet& ids, const std::list<Object*>& objects)
-{
+template <typename Object> void InsertIDs(IDSet& ids, const std::list<Object*>& objects) {
     for (const Object* object : objects)
         if (object)
             ids.insert(object->ID());
 }
 
-void InsertContainerIDs(IDSet& ids, IContainer* container)
-{
+void InsertContainerIDs(IDSet& ids, IContainer* container) {
     ids.insert(container->ID());
     std::list<IGenericObject*> genericObjects;
     container->GenericObjects(&genericObjects);
@@ -51,8 +49,7 @@ void InsertContainerIDs(IDSet& ids, IContainer* container)
 }
 
 /// The properties' element IDs and IDREF values, then the IDs of the sets and their members.
-void InsertSectionIDs(IDSet& ids, const OxaSection& section)
-{
+void InsertSectionIDs(IDSet& ids, const OxaSection& section) {
     for (const VOxaPropertyType* property : section.PropertySection().GetProperties()) {
         if (!property)
             continue;
@@ -73,8 +70,7 @@ void InsertSectionIDs(IDSet& ids, const OxaSection& section)
 }
 
 /// An item without ID stands for its sub-items and adds nothing of its own.
-void InsertItemIDs(IDSet& ids, const IItem* item)
-{
+void InsertItemIDs(IDSet& ids, const IItem* item) {
     const std::wstring id = item->ID();
     if (!id.empty())
         ids.insert(id);
@@ -85,8 +81,7 @@ void InsertItemIDs(IDSet& ids, const IItem* item)
             InsertItemIDs(ids, subItem);
 }
 
-void InsertMeasuredIDs(IDSet& ids, const IItemData* data)
-{
+void InsertMeasuredIDs(IDSet& ids, const IItemData* data) {
     std::list<IFormula*> formulas;
     data->Formulas(&formulas);
     for (const IFormula* formula : formulas) {
@@ -100,8 +95,7 @@ void InsertMeasuredIDs(IDSet& ids, const IItemData* data)
     }
 }
 
-void InsertActivityIDs(IDSet& ids, const IActivity* activity)
-{
+void InsertActivityIDs(IDSet& ids, const IActivity* activity) {
     ids.insert(activity->ID());
     ids.insert(activity->RefID());
     for (const IActivity* subActivity : activity->SubActivities())
@@ -114,20 +108,17 @@ void InsertActivityIDs(IDSet& ids, const IActivity* activity)
 OxaObjects::OxaObjects()
     : context(new ExportContext()), objectSection(new OxaObjectSection()),
       topologySection(new OxaTopologySection()), visualisationSection(new OxaVisualisationSection()),
-      fitSection(new OxaFitSection()), unitSection(new OxaUnitSection()), activitySection(new OxaActivitySection())
-{
-}
+      fitSection(new OxaFitSection()), unitSection(new OxaUnitSection()),
+      activitySection(new OxaActivitySection()) {}
 
 OxaObjects::~OxaObjects() = default;
 
-bool OxaObjects::IsEmpty() const
-{
+bool OxaObjects::IsEmpty() const {
     return objectSection->IsEmpty() && topologySection->IsEmpty() && fitSection->IsEmpty() &&
            unitSection->IsEmpty() && visualisationSection->IsEmpty() && activitySection->IsEmpty();
 }
 
-std::set<std::wstring>& OxaObjects::GetIDsToBeMapped()
-{
+std::set<std::wstring>& OxaObjects::GetIDsToBeMapped() {
     IDSet& ids = idsToBeMapped;
     ids.clear();
 

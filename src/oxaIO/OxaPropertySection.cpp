@@ -8,22 +8,23 @@ namespace oxaIO {
 
 OxaPropertySection::OxaPropertySection() : OxaBaseSection(L"1.5") {}
 
-OxaPropertySection::~OxaPropertySection() { qDeleteAll(properties); }
+OxaPropertySection::~OxaPropertySection() {
+    qDeleteAll(properties);
+}
 
-void OxaPropertySection::AddProperty(VOxaPropertyType* property)
-{
+void OxaPropertySection::AddProperty(VOxaPropertyType* property) {
     if (property)
         properties.push_back(property);
 }
 
-bool OxaPropertySection::AddPropertyIfNew(VOxaPropertyType* property)
-{
+bool OxaPropertySection::AddPropertyIfNew(VOxaPropertyType* property) {
     if (!property)
         return false;
-    const auto same = std::find_if(properties.begin(), properties.end(), [property](const VOxaPropertyType* p) {
-        return p && p->refID == property->refID && p->name == property->name &&
-               p->datatype == property->datatype && p->unit == property->unit;
-    });
+    const auto same =
+        std::find_if(properties.begin(), properties.end(), [property](const VOxaPropertyType* p) {
+            return p && p->refID == property->refID && p->name == property->name &&
+                   p->datatype == property->datatype && p->unit == property->unit;
+        });
     if (same != properties.end()) {
         (*same)->value = property->value;
         return false;

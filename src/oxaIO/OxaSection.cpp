@@ -7,14 +7,12 @@ namespace oxaIO {
 
 OxaSection::OxaSection(const std::wstring& version) : OxaBaseSection(version) {}
 
-OxaSection::~OxaSection()
-{
+OxaSection::~OxaSection() {
     delete propertySection;
     delete setSection;
 }
 
-void OxaSection::InitPropertySection()
-{
+void OxaSection::InitPropertySection() {
     delete propertySection;
     delete setSection;
     propertySection = new OxaPropertySection();

@@ -7,16 +7,21 @@
 
 namespace oxaIO {
 
-OxaUnitSection::OxaUnitSection() : OxaSection(L"1.4") { InitPropertySection(); }
+OxaUnitSection::OxaUnitSection() : OxaSection(L"1.4") {
+    InitPropertySection();
+}
 
-OxaUnitSection::~OxaUnitSection() { qDeleteAll(units); }
+OxaUnitSection::~OxaUnitSection() {
+    qDeleteAll(units);
+}
 
-void OxaUnitSection::AddUnit(IUnit* unit)
-{
+void OxaUnitSection::AddUnit(IUnit* unit) {
     if (unit)
         units.push_back(unit);
 }
 
-bool OxaUnitSection::IsEmpty() const { return PropertySection().IsEmpty() && units.empty(); }
+bool OxaUnitSection::IsEmpty() const {
+    return PropertySection().IsEmpty() && units.empty();
+}
 
 } // namespace oxaIO

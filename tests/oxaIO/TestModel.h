@@ -41,8 +41,7 @@ private:
     std::wstring name;
 };
 
-template <typename T> void Append(const std::list<T*>& from, std::list<T*>* to)
-{
+template <typename T> void Append(const std::list<T*>& from, std::list<T*>* to) {
     to->insert(to->end(), from.begin(), from.end());
 }
 
@@ -56,8 +55,7 @@ public:
 /// A polygon with `tessellated` triangles in its tessellation.
 class Polygon : public IPolygon, public Counted {
 public:
-    explicit Polygon(int tessellated = 0)
-    {
+    explicit Polygon(int tessellated = 0) {
         for (int i = 0; i < tessellated; ++i)
             tessellation.push_back(new Triangle());
     }
@@ -106,15 +104,13 @@ using GenericObject = Named<IGenericObject>;
 class Container : public Named<IContainer> {
 public:
     using Named::Named;
-    ~Container() override
-    {
+    ~Container() override {
         qDeleteAll(containers);
         qDeleteAll(objects3D);
         qDeleteAll(objects2D);
         qDeleteAll(genericObjects);
     }
-    template <typename T> T* Add(T* child)
-    {
+    template <typename T> T* Add(T* child) {
         if constexpr (std::is_base_of_v<IContainer, T>)
             containers.push_back(child);
         else if constexpr (std::is_base_of_v<IObject3D, T>)
@@ -130,8 +126,7 @@ public:
     void Objects3D(std::list<IObject3D*>* list) override { Append(objects3D, list); }
     void Objects2D(std::list<IObject2D*>* list) override { Append(objects2D, list); }
     void GenericObjects(std::list<IGenericObject*>* list) override { Append(genericObjects, list); }
-    bool IsEmpty() const override
-    {
+    bool IsEmpty() const override {
         return containers.empty() && objects3D.empty() && objects2D.empty() && genericObjects.empty();
     }
     bool IsComposite() const override { return false; }
@@ -198,13 +193,11 @@ class ViewContainer : public Named<IViewContainer> {
 public:
     using Named::Named;
     ~ViewContainer() override { qDeleteAll(views); }
-    void AddView(IView* view) override
-    {
+    void AddView(IView* view) override {
         if (view)
             views.push_back(view);
     }
-    const std::list<IView*>& Views() const override
-    {
+    const std::list<IView*>& Views() const override {
         ++viewQueries;
         return views;
     }
@@ -220,8 +213,7 @@ class Item : public IItem, public Counted {
 public:
     explicit Item(std::wstring id) : id(std::move(id)) {}
     ~Item() override { qDeleteAll(subItems); }
-    Item* Add(Item* item)
-    {
+    Item* Add(Item* item) {
         subItems.push_back(item);
         return item;
     }
@@ -269,8 +261,7 @@ class ItemData : public IItemData, public Counted {
 public:
     explicit ItemData(std::wstring refID) : refID(std::move(refID)) {}
     ~ItemData() override { qDeleteAll(formulas); }
-    Formula* Add(Formula* formula)
-    {
+    Formula* Add(Formula* formula) {
         formulas.push_back(formula);
         return formula;
     }
@@ -308,8 +299,7 @@ class Activity : public IActivity, public Counted {
 public:
     Activity(std::wstring id, std::wstring refID) : id(std::move(id)), refID(std::move(refID)) {}
     ~Activity() override { qDeleteAll(subActivities); }
-    Activity* Add(Activity* activity)
-    {
+    Activity* Add(Activity* activity) {
         subActivities.push_back(activity);
         return activity;
     }
@@ -333,8 +323,7 @@ class Schedule : public Named<ISchedule> {
 public:
     using Named::Named;
     ~Schedule() override { qDeleteAll(activities); }
-    Activity* Add(Activity* activity)
-    {
+    Activity* Add(Activity* activity) {
         activities.push_back(activity);
         return activity;
     }

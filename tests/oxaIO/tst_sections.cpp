@@ -22,8 +22,7 @@ Q_DECLARE_METATYPE(Probe)
 namespace {
 
 VOxaPropertyType* MakeProperty(const std::wstring& refID, const std::wstring& name, const std::wstring& value,
-                               const std::wstring& unit = {}, const std::wstring& datatype = L"xs:double")
-{
+                               const std::wstring& unit = {}, const std::wstring& datatype = L"xs:double") {
     auto* property = new VOxaPropertyType();
     property->refID = refID;
     property->name = name;
@@ -50,15 +49,14 @@ private slots:
     void init() { QCOMPARE(Counted::alive, 0); }
     void cleanup() { QCOMPARE(Counted::alive, 0); }
 
-    void newPropertyIsAString()
-    {
+    void newPropertyIsAString() {
         const VOxaPropertyType property;
         QVERIFY(property.datatype == L"xs:string");
-        QVERIFY(property.refID.empty() && property.name.empty() && property.value.empty() && property.unit.empty());
+        QVERIFY(property.refID.empty() && property.name.empty() && property.value.empty() &&
+                property.unit.empty());
     }
 
-    void addPropertyIfNew()
-    {
+    void addPropertyIfNew() {
         OxaPropertySection section;
         QVERIFY(!section.AddPropertyIfNew(nullptr));
         QVERIFY(section.IsEmpty());
@@ -89,8 +87,7 @@ private slots:
         QVERIFY(first->value == L"3.0");
     }
 
-    void setSectionKeepsSetsByIDWithoutOwningThem()
-    {
+    void setSectionKeepsSetsByIDWithoutOwningThem() {
         ObjectSet b(L"b"), a(L"a"), otherA(L"a");
         {
             OxaSetSection section;
@@ -112,8 +109,7 @@ private slots:
         QCOMPARE(Counted::alive, 3); // the section deleted none of them
     }
 
-    void findSetLeavesANullEntry()
-    {
+    void findSetLeavesANullEntry() {
         OxaSetSection section;
         QVERIFY(section.FindSet(L"missing") == nullptr);
         QVERIFY(!section.IsEmpty());
@@ -124,8 +120,7 @@ private slots:
         QCOMPARE(section.SetList(), (std::list<ISet*>{&found}));
     }
 
-    void addContact_data()
-    {
+    void addContact_data() {
         QTest::addColumn<std::vector<ContactCall>>("calls");
         QTest::addColumn<std::vector<double>>("listEps");
         QTest::addColumn<std::vector<int>>("listSizes");
@@ -141,15 +136,14 @@ private slots:
             << std::vector<ContactCall>{{5, L"cm", true}, {5, L"mm", true}, {0.05, L"m", true}}
             << std::vector<double>{0.05, 0.005} << std::vector<int>{2, 1} << std::vector<bool>{true, true};
         QTest::newRow("unknown unit keeps the value")
-            << std::vector<ContactCall>{{0.25, L"furlong", true}, {0.25, L"", true}} << std::vector<double>{0.25}
-            << std::vector<int>{2} << std::vector<bool>{true};
+            << std::vector<ContactCall>{{0.25, L"furlong", true}, {0.25, L"", true}}
+            << std::vector<double>{0.25} << std::vector<int>{2} << std::vector<bool>{true};
         QTest::newRow("feet scale by the system's factor")
-            << std::vector<ContactCall>{{2, L"foot", true}} << std::vector<double>{0.61} << std::vector<int>{1}
-            << std::vector<bool>{true};
+            << std::vector<ContactCall>{{2, L"foot", true}} << std::vector<double>{0.61}
+            << std::vector<int>{1} << std::vector<bool>{true};
     }
 
-    void addContact()
-    {
+    void addContact() {
         QFETCH(std::vector<ContactCall>, calls);
         QFETCH(std::vector<double>, listEps);
         QFETCH(std::vector<int>, listSizes);
@@ -181,8 +175,7 @@ private slots:
         QVERIFY(first.left == L"L0" && first.right == L"R0");
     }
 
-    void emptiness_data()
-    {
+    void emptiness_data() {
         QTest::addColumn<Probe>("isEmpty");
         QTest::addColumn<bool>("expected");
 
@@ -271,7 +264,8 @@ private slots:
             s.AddSchedule(new Schedule(L"plan"));
             return s.IsEmpty();
         }) << false;
-        QTest::newRow("visualisation: new") << Probe([] { return OxaVisualisationSection().IsEmpty(); }) << true;
+        QTest::newRow("visualisation: new")
+            << Probe([] { return OxaVisualisationSection().IsEmpty(); }) << true;
         QTest::newRow("visualisation: containers without views") << Probe([] {
             OxaVisualisationSection s;
             s.AddViewContainer(new ViewContainer(L"a"));
@@ -293,15 +287,13 @@ private slots:
         }) << true;
     }
 
-    void emptiness()
-    {
+    void emptiness() {
         QFETCH(Probe, isEmpty);
         QFETCH(bool, expected);
         QCOMPARE(isEmpty(), expected);
     }
 
-    void countPolygonsWithoutTesselation()
-    {
+    void countPolygonsWithoutTesselation() {
         OxaObjectSection section;
         QCOMPARE(section.CountPolygonsWithoutTesselation(), 0);
 
@@ -328,8 +320,7 @@ private slots:
         QCOMPARE(section.CountPolygonsWithoutTesselation(), 6);
     }
 
-    void rotationAndTranslationPerRootContainer()
-    {
+    void rotationAndTranslationPerRootContainer() {
         OxaObjectSection section;
         auto* a = new Container(L"a");
         auto* b = new Container(L"b");
@@ -339,7 +330,8 @@ private slots:
 
         section.SetContainerRotTrans(a, new std::vector<double>(9, 0.5), new std::vector<double>{1, 2, 3});
         auto* rotation = new std::vector<double>{1, 0, 0, 0, 1, 0, 0, 0, 1};
-        section.SetContainerRotTrans(a, rotation, new std::vector<double>{4, 5, 6}); // replaces, frees the old
+        section.SetContainerRotTrans(a, rotation,
+                                     new std::vector<double>{4, 5, 6}); // replaces, frees the old
         section.SetContainerRotTrans(b, nullptr, new std::vector<double>{7, 8, 9});
 
         QVERIFY(section.ContainerRotation(a) == rotation);
@@ -348,8 +340,7 @@ private slots:
         QCOMPARE(*section.ContainerTranslation(b), (std::vector<double>{7, 8, 9}));
     }
 
-    void sectionsFreeWhatTheyHold()
-    {
+    void sectionsFreeWhatTheyHold() {
         ObjectSet set(L"set");
         Item rootItem(L"root");
         {
@@ -379,8 +370,7 @@ private slots:
         QCOMPARE(Counted::alive, 2);
     }
 
-    void versions()
-    {
+    void versions() {
         QVERIFY(OxaObjectSection().Version() == L"1.5");
         QVERIFY(OxaTopologySection().Version() == L"1.3");
         QVERIFY(OxaFitSection().Version() == L"1.4");
