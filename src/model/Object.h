@@ -103,7 +103,8 @@ public:
     /// Throws NoSuchMethod_Exception "No such method [name]".
     Method& method(const QString& name) const;
     /// Appends "id.name" for each published property whose name `pattern` (a case-sensitive
-    /// regular expression) is found in; warns on standard error when none matched.
+    /// regular expression) is found in; warns on standard error when none matched. A class that
+    /// overrides the one-argument form brings this one in with `using Object::property_list`.
     void property_list(QStringList& out, const QString& pattern) const;
     /// Raises the property's version and the object's by one and returns the property's new
     /// version; 0, and nothing changed, for a property the object does not have.

@@ -77,6 +77,11 @@ public:
     /// object of each class.
     QStringList common_properties(QList<Object*>& objects);
 
+    /// Free storage for a host, one map per system.
+    QMap<QString, QVariant>& data() { return *_data; }
+    /// The number of update runs under way; kept by a host's update driver, 0 in a new system.
+    int update_count() const { return _update_count; }
+    void update_count(int count) { _update_count = count; }
     bool update_running() const { return _update_count > 0; }
     bool quickSearch() const { return _quick_search; }
     QHash<QString, QSColumnAbstract*>& qs_columns() { return *_qs_columns; }

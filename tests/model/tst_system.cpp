@@ -48,6 +48,10 @@ void TestSystem::repository_stores_without_owning() {
     System system(false);
     QVERIFY(!system.quickSearch());
     QVERIFY(!system.update_running());
+    system.update_count(1);
+    QVERIFY(system.update_running());
+    system.data().insert("host", 7);
+    QCOMPARE(system.data().value("host").toInt(), 7);
     Repository& repository = system.repository();
     QCOMPARE(&system.repository(), &repository);
     QCOMPARE(repository.system(), &system);
