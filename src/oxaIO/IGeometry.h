@@ -9,8 +9,8 @@
 
 namespace oxaIO {
 
-/// The geometric primitives of a `data3D`: vertices, triangles, polygons, faces and solids.
-/// The list operations append to the list they are given; the geometry keeps its ownership.
+// The geometric primitives of a `data3D`: vertices, triangles, polygons, faces and solids.
+// The list operations append to the list they are given; the geometry keeps its ownership.
 
 /// A point of an object's vertex list.
 class ZENTRA_EXPORT IVertex {

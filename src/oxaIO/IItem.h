@@ -9,9 +9,9 @@
 
 namespace oxaIO {
 
-/// The quantity take-off of the fit section. These interfaces are implemented by the host's own
-/// model only; the library calls them when it writes a document. List operations append to the
-/// list they are given and hand over no ownership.
+// The quantity take-off of the fit section. These interfaces are implemented by the host's own
+// model only; the library calls them when it writes a document. List operations append to the
+// list they are given and hand over no ownership.
 
 /// A node of the item tree.
 class ZENTRA_EXPORT IItem {

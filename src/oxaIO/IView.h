@@ -9,8 +9,8 @@
 
 namespace oxaIO {
 
-/// The stored views of a document: containers of views, each view with its cameras, lights,
-/// clipping planes and background. Implemented by the project's visualisation records.
+// The stored views of a document: containers of views, each view with its cameras, lights,
+// clipping planes and background. Implemented by the project's visualisation records.
 
 /// A camera of a stored view. Projection type 1 is orthographic, any other perspective.
 class ZENTRA_EXPORT ICamera {
