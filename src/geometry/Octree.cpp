@@ -3,6 +3,7 @@
 #include "basic/numeric.h"
 #include "geometry/OBB.h"
 #include "geometry/OOBBCalculator.h"
+#include "geometry/OctreeInsertIndex.h"
 #include "geometry/OctreeIterator.h"
 #include "geometry/Point.h"
 #include "vmp/aMatrix.h"
@@ -13,21 +14,15 @@
 
 namespace geometry3D {
 
-template <typename Node, typename Visit> void Octree::walk(Node* root, Visit visit) {
-    std::vector<Node*> pending{root};
-    while (!pending.empty()) {
-        Node* node = pending.back();
-        pending.pop_back();
-        visit(*node);
-        for (int i = 7; i >= 0; --i)
-            if (node->_children[i])
-                pending.push_back(node->_children[i]);
-    }
-}
+namespace {
+/// A walk this deep means sorted input; from here on the index pays for itself.
+const int deep_walk = 256;
+} // namespace
 
 Octree::Octree(double eps, int precision) : _eps(eps), _precision(precision) {}
 
-Octree::Octree(const Octree& other) : _eps(other._eps), _precision(other._precision) {
+Octree::Octree(const Octree& other)
+    : _eps(other._eps), _precision(other._precision), _empty_nodes(other._empty_nodes) {
     std::vector<std::pair<const Octree*, Octree*>> pending{{&other, this}};
     while (!pending.empty()) {
         const auto [source, target] = pending.back();
@@ -49,6 +44,9 @@ Octree& Octree::operator=(const Octree& other) {
     std::swap(_children, copy._children);
     _eps = other._eps;
     _precision = other._precision;
+    _empty_nodes = other._empty_nodes;
+    _index_refused = false;
+    _index.reset();
     return *this;
 }
 
@@ -73,18 +71,42 @@ Octree::~Octree() {
 }
 
 Point* Octree::insert(Point* p) {
+    if (_index) {
+        Point* result = nullptr;
+        switch (_index->insert(p, result)) {
+        case OctreeInsertIndex::Inserted:
+            return result;
+        case OctreeInsertIndex::Drop:
+            _index.reset();
+            _index_refused = true;
+            break;
+        case OctreeInsertIndex::Walk:
+            break;
+        }
+    }
+    return walk_insert(p);
+}
+
+Point* Octree::walk_insert(Point* p) {
     Octree* node = this;
-    for (;;) {
+    for (int depth = 0;; ++depth) {
         if (!node->_point) {
             node->_point = p;
+            --_empty_nodes;
+            if (depth > deep_walk && _empty_nodes == 0 && !_index && !_index_refused) {
+                _index = OctreeInsertIndex::build(*this);
+                _index_refused = !_index;
+            }
             return p;
         }
         const Point& stored = *node->_point;
         if (distance2(p->x(), p->y(), p->z(), stored.x(), stored.y(), stored.z()) < _eps)
             return node->_point;
         Octree*& child = node->_children[node->calc_index(p)];
-        if (!child)
+        if (!child) {
             child = new Octree(_eps, _precision);
+            ++_empty_nodes;
+        }
         node = child;
     }
 }
@@ -103,7 +125,13 @@ Point* Octree::find(double x, double y, double z) const {
 void Octree::remove(Point*) {}
 
 void Octree::remove_all() {
-    walk(this, [](Octree& node) { node._point = nullptr; });
+    _empty_nodes = 0;
+    walk(this, [this](Octree& node) {
+        node._point = nullptr;
+        ++_empty_nodes;
+    });
+    _index.reset();
+    _index_refused = false;
 }
 
 int Octree::count() const {

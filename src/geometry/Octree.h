@@ -5,9 +5,13 @@
 
 #include <QList>
 
+#include <memory>
+#include <vector>
+
 namespace geometry3D {
 
 class OBB;
+class OctreeInsertIndex;
 class Point;
 
 /// The vertex store of a mesh element: a point-split tree in which every node holds one point
@@ -74,14 +78,33 @@ public:
 
 private:
     friend class OctreeIterator;
+    friend class OctreeInsertIndex;
+
     /// Visits `root` and every node below it in pre-order, children 0 to 7, without recursion.
-    template <typename Node, typename Visit> static void walk(Node* root, Visit visit);
+    template <typename Node, typename Visit> static void walk(Node* root, Visit visit) {
+        std::vector<Node*> pending{root};
+        while (!pending.empty()) {
+            Node* node = pending.back();
+            pending.pop_back();
+            visit(*node);
+            for (int i = 7; i >= 0; --i)
+                if (node->_children[i])
+                    pending.push_back(node->_children[i]);
+        }
+    }
+    /// The insert as the tree defines it: down from the root, welding on the way.
+    Point* walk_insert(Point* p);
     double extreme(int axis, bool greatest) const;
 
     Point* _point = nullptr;
     Octree* _children[8] = {};
     double _eps;
     int _precision;
+    // Kept by the root only: nodes without a point (the root of a new tree, all nodes after
+    // remove_all), and the index that takes over inserts once the tree has grown deep.
+    int _empty_nodes = 1;
+    bool _index_refused = false;
+    std::unique_ptr<OctreeInsertIndex> _index;
 };
 
 } // namespace geometry3D
