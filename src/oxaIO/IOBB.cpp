@@ -1,0 +1,7 @@
+#include "oxaIO/IOBB.h"
+
+namespace oxaIO {
+
+IOBB::~IOBB() = default;
+
+} // namespace oxaIO
