@@ -80,9 +80,10 @@ double compare(const char* name, const std::vector<point>& points) {
     const double tree = octree_insert(points, tree_kept);
     const double hash = hash_insert(points, hash_kept);
     const double n = static_cast<double>(points.size());
-    std::printf("octree insert %zu points, %s: %.3f s (%.2f M points/s, %d kept); QHash of rounded coordinates: "
-                "%.3f s (%.2f M points/s, %d kept); ratio %.2f\n",
-                points.size(), name, tree, n / tree / 1e6, tree_kept, hash, n / hash / 1e6, hash_kept, tree / hash);
+    std::printf(
+        "octree insert %zu points, %s: %.3f s (%.2f M points/s, %d kept); QHash of rounded coordinates: "
+        "%.3f s (%.2f M points/s, %d kept); ratio %.2f\n",
+        points.size(), name, tree, n / tree / 1e6, tree_kept, hash, n / hash / 1e6, hash_kept, tree / hash);
     std::fflush(stdout);
     return tree / hash;
 }
@@ -147,7 +148,8 @@ int main(int argc, char** argv) {
     basic::random01();
     std::srand(1);
     const double strategy_time = quietly([&] { strategy = OctreeOOBBCalculator().CalcOptOBB(&element); });
-    std::printf("box of %d vertices: one CalcOBB walk %.3f ms (checksum %.1f)\n", element.count(), walk * 1e3, sink);
+    std::printf("box of %d vertices: one CalcOBB walk %.3f ms (checksum %.1f)\n", element.count(), walk * 1e3,
+                sink);
     std::printf("CalcOptOBB grid search: %.3f s, volume %.4f; ratio %.0f walks\n", grid_time,
                 std::fabs(grid.CalcVolume()), grid_time / walk);
     std::printf("OctreeOOBBCalculator strategy: %.3f s, volume %.4f; ratio %.0f walks\n", strategy_time,

@@ -16,7 +16,9 @@ namespace {
 const double cell_limit = 68719476736.0; // 2^36
 const double infinity = std::numeric_limits<double>::infinity();
 
-bool finite(const Point& p) { return std::isfinite(p.x()) && std::isfinite(p.y()) && std::isfinite(p.z()); }
+bool finite(const Point& p) {
+    return std::isfinite(p.x()) && std::isfinite(p.y()) && std::isfinite(p.z());
+}
 } // namespace
 
 OctreeInsertIndex::OctreeInsertIndex(Octree& root) : _root(root), _welds(root._eps > 0.0) {

@@ -98,7 +98,9 @@ void seed(unsigned int value) {
     std::srand(value);
 }
 
-bool close(const Vector& a, const Vector& b, double tolerance) { return (a - b).quantity() < tolerance; }
+bool close(const Vector& a, const Vector& b, double tolerance) {
+    return (a - b).quantity() < tolerance;
+}
 
 } // namespace
 
@@ -122,8 +124,8 @@ private slots:
 
     void box_at_the_turning_angle_is_tight() {
         const TurnedBox box(4, 2, 1, 0, 0, M_PI / 6);
-        QVERIFY(std::fabs(box.axis_volume() - (4 * std::cos(M_PI / 6) + 2 * 0.5) * (2 + 2 * std::cos(M_PI / 6))) <
-                1e-9);
+        QVERIFY(std::fabs(box.axis_volume() -
+                          (4 * std::cos(M_PI / 6) + 2 * 0.5) * (2 + 2 * std::cos(M_PI / 6))) < 1e-9);
         const OBB obb = box.tree.CalcOBB(0, 0, M_PI / 6);
         QVERIFY(std::fabs(obb.CalcVolume() - 8.0) < 1e-9);
         // The corner and edges lie on the points: the far corner is one of them.
@@ -260,7 +262,8 @@ private slots:
         settings.population = 30;
         settings.offspring = 20;
         RecordingProgress progress, log;
-        std::unique_ptr<double[]> best(optimization::EvolutionStrategy::optimise(&problem, settings, &progress, &log));
+        std::unique_ptr<double[]> best(
+            optimization::EvolutionStrategy::optimise(&problem, settings, &progress, &log));
         QVERIFY2(std::fabs(best[0] - 0.3) < 0.01 && std::fabs(best[1] + 0.2) < 0.01,
                  qPrintable(QString("%1 %2").arg(best[0]).arg(best[1])));
         QCOMPARE(log.messages.first(), QString("[init]"));
@@ -280,7 +283,8 @@ private slots:
         optimization::EvolutionSettings settings;
         settings.precision = 1.0; // the mean moves by less than this at once
         RecordingProgress progress;
-        std::unique_ptr<double[]> best(optimization::EvolutionStrategy::optimise(&problem, settings, &progress, nullptr));
+        std::unique_ptr<double[]> best(
+            optimization::EvolutionStrategy::optimise(&problem, settings, &progress, nullptr));
         // Generation 0 compares with the start value 1e15; generation 1 settles and repeats its fraction.
         QCOMPARE(progress.fractions, (QList<double>{0.0, 0.01, 0.01}));
     }
@@ -289,11 +293,13 @@ private slots:
         const TurnedBox box(4, 2, 1, 0, 0, 0.3);
         RecordingProgress progress;
         OOBBCalculator calculator(&progress);
-        const OBB obb = calculator.GetOptimum(&box.tree, boundingbox{0.1, 0.2, 0.1001, 0.2001, 0.3, 0.3001}, 1e-6, 6);
+        const OBB obb =
+            calculator.GetOptimum(&box.tree, boundingbox{0.1, 0.2, 0.1001, 0.2001, 0.3, 0.3001}, 1e-6, 6);
         QCOMPARE(progress.messages, (QStringList{"<GetOptimum>", "</GetOptimum>"}));
         QVERIFY(std::fabs(obb.gamma() - 0.30005) < 1e-12);
         QVERIFY(std::fabs(obb.alpha() - 0.10005) < 1e-12);
-        QVERIFY(std::fabs(obb.CalcVolume() - box.tree.CalcOBB(0.10005, 0.20005, 0.30005).CalcVolume()) < 1e-12);
+        QVERIFY(std::fabs(obb.CalcVolume() - box.tree.CalcOBB(0.10005, 0.20005, 0.30005).CalcVolume()) <
+                1e-12);
     }
 
     void grid_search_reports_each_level() {
@@ -307,7 +313,8 @@ private slots:
         for (int i = 0; i < 2; ++i)
             for (int j = 0; j < 2; ++j)
                 for (int k = 0; k < 2; ++k) {
-                    const boundingbox cell{i * 0.1, j * 0.1, (i + 1) * 0.1, (j + 1) * 0.1, 0.2 + k * 0.1, 0.3 + k * 0.1};
+                    const boundingbox cell{i * 0.1,       j * 0.1,       (i + 1) * 0.1,
+                                           (j + 1) * 0.1, 0.2 + k * 0.1, 0.3 + k * 0.1};
                     const double integral = calculator.CalcIntegral(cell, &box.tree);
                     if (integral < best) {
                         best = integral;
@@ -318,9 +325,9 @@ private slots:
         progress.messages.removeAll("</GetOptimum>");
         QCOMPARE(progress.messages,
                  (QStringList{"dx = 0.100, dy = 0.100, dz = 0.100",
-                              QString::asprintf("opt: (%.3f/%.3f) (%.3f/%.3f) (%.3f/%.3f) = %.3f", best_cell.xmin,
-                                                best_cell.xmax, best_cell.ymin, best_cell.ymax, best_cell.zmin,
-                                                best_cell.zmax, best)}));
+                              QString::asprintf("opt: (%.3f/%.3f) (%.3f/%.3f) (%.3f/%.3f) = %.3f",
+                                                best_cell.xmin, best_cell.xmax, best_cell.ymin,
+                                                best_cell.ymax, best_cell.zmin, best_cell.zmax, best)}));
         const point c = center(best_cell);
         QCOMPARE(obb.alpha(), c.x);
         QCOMPARE(obb.gamma(), c.z);
