@@ -50,7 +50,8 @@ void sort_by_fitness(Population& population) {
               });
 }
 
-std::unique_ptr<Individual> recombine(const Individual& a, const Individual& b, const EvolutionSettings& settings) {
+std::unique_ptr<Individual> recombine(const Individual& a, const Individual& b,
+                                      const EvolutionSettings& settings) {
     auto child = std::make_unique<Individual>(a.n);
     for (int i = 0; i < a.n; ++i) {
         if (settings.recombine_x == 0)
@@ -130,8 +131,8 @@ Statistics statistics_of(const Population& population) {
 
 } // namespace
 
-double* EvolutionStrategy::optimise(IOptimizable* problem, EvolutionSettings settings, basic::IProgress* progress,
-                                    basic::IProgress* log) {
+double* EvolutionStrategy::optimise(IOptimizable* problem, EvolutionSettings settings,
+                                    basic::IProgress* progress, basic::IProgress* log) {
     const int n = static_cast<int>(problem->CountParameters());
     const double lo = problem->GetLowerLimit();
     const double hi = problem->GetUpperLimit();

@@ -5,7 +5,9 @@
 namespace geometry3D {
 
 namespace {
-oxaIO::VCoords3D coords(const vmp::Vector& v) { return oxaIO::VCoords3D{v[0], v[1], v[2]}; }
+oxaIO::VCoords3D coords(const vmp::Vector& v) {
+    return oxaIO::VCoords3D{v[0], v[1], v[2]};
+}
 } // namespace
 
 const vmp::Vector OBB::_dummy(3);
@@ -14,12 +16,22 @@ OBB::OBB() : _alpha(0.0), _beta(0.0), _gamma(0.0), _origin(3), _axis0(3), _axis1
 
 OBB::~OBB() = default;
 
-oxaIO::VCoords3D OBB::Ref() const { return coords(_origin); }
-oxaIO::VCoords3D OBB::Vx() const { return coords(_axis0); }
-oxaIO::VCoords3D OBB::Vy() const { return coords(_axis1); }
-oxaIO::VCoords3D OBB::Vz() const { return coords(_axis2); }
+oxaIO::VCoords3D OBB::Ref() const {
+    return coords(_origin);
+}
+oxaIO::VCoords3D OBB::Vx() const {
+    return coords(_axis0);
+}
+oxaIO::VCoords3D OBB::Vy() const {
+    return coords(_axis1);
+}
+oxaIO::VCoords3D OBB::Vz() const {
+    return coords(_axis2);
+}
 
-void OBB::origin(double x, double y, double z) { _origin = vmp::Vector(x, y, z); }
+void OBB::origin(double x, double y, double z) {
+    _origin = vmp::Vector(x, y, z);
+}
 
 const vmp::Vector& OBB::axis(int i) const {
     switch (i) {
@@ -52,7 +64,9 @@ void OBB::axis(int i, const vmp::Vector& value) {
         *e = value;
 }
 
-void OBB::axis(int i, double x, double y, double z) { axis(i, vmp::Vector(x, y, z)); }
+void OBB::axis(int i, double x, double y, double z) {
+    axis(i, vmp::Vector(x, y, z));
+}
 
 void OBB::angles(double alpha, double beta, double gamma) {
     _alpha = alpha;

@@ -36,6 +36,8 @@ void OBB::axis(int i, const vmp::Vector& value) {
         _axis1 = value;
 }
 
-double OBB::CalcArea() const { return std::fabs(vmp::cross2D(_axis0, _axis1)[2]); }
+double OBB::CalcArea() const {
+    return std::fabs(vmp::cross2D(_axis0, _axis1)[2]);
+}
 
 } // namespace geometry2D

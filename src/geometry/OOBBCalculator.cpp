@@ -53,9 +53,9 @@ OBB OOBBCalculator::GetOptimum(const Octree* octree, boundingbox box, double eps
                     }
                 }
         if (_progress) {
-            _progress->message(QString::asprintf("opt: (%.3f/%.3f) (%.3f/%.3f) (%.3f/%.3f) = %.3f", best_cell.xmin,
-                                                 best_cell.xmax, best_cell.ymin, best_cell.ymax, best_cell.zmin,
-                                                 best_cell.zmax, best));
+            _progress->message(QString::asprintf("opt: (%.3f/%.3f) (%.3f/%.3f) (%.3f/%.3f) = %.3f",
+                                                 best_cell.xmin, best_cell.xmax, best_cell.ymin,
+                                                 best_cell.ymax, best_cell.zmin, best_cell.zmax, best));
             _progress->message("</GetOptimum>");
         }
         box = best_cell;
@@ -70,8 +70,9 @@ double OOBBCalculator::CalcIntegral(boundingbox box, const Octree* octree) {
     for (double gx : gauss)
         for (double gy : gauss)
             for (double gz : gauss)
-                sum += octree->CalcOBB(node(box.xmin, box.xmax, gx), node(box.ymin, box.ymax, gy),
-                                       node(box.zmin, box.zmax, gz))
+                sum += octree
+                           ->CalcOBB(node(box.xmin, box.xmax, gx), node(box.ymin, box.ymax, gy),
+                                     node(box.zmin, box.zmax, gz))
                            .CalcVolume();
     return sum * volume(box);
 }

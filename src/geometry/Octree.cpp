@@ -151,7 +151,9 @@ int Octree::calc_index(double x, double y, double z) const {
     return index;
 }
 
-int Octree::calc_index(const Point* p) const { return calc_index(p->x(), p->y(), p->z()); }
+int Octree::calc_index(const Point* p) const {
+    return calc_index(p->x(), p->y(), p->z());
+}
 
 double Octree::extreme(int axis, bool greatest) const {
     // The children on the side of the sought extreme; the split planes are the stored points,
@@ -181,12 +183,24 @@ double Octree::extreme(int axis, bool greatest) const {
     return result;
 }
 
-double Octree::min_x() const { return extreme(0, false); }
-double Octree::max_x() const { return extreme(0, true); }
-double Octree::min_y() const { return extreme(1, false); }
-double Octree::max_y() const { return extreme(1, true); }
-double Octree::min_z() const { return extreme(2, false); }
-double Octree::max_z() const { return extreme(2, true); }
+double Octree::min_x() const {
+    return extreme(0, false);
+}
+double Octree::max_x() const {
+    return extreme(0, true);
+}
+double Octree::min_y() const {
+    return extreme(1, false);
+}
+double Octree::max_y() const {
+    return extreme(1, true);
+}
+double Octree::min_z() const {
+    return extreme(2, false);
+}
+double Octree::max_z() const {
+    return extreme(2, true);
+}
 
 boundingbox Octree::calc_boundingbox() const {
     if (!_point)
@@ -231,6 +245,8 @@ OBB Octree::CalcOBB(double a, double b, double c) const {
     return result;
 }
 
-OBB Octree::CalcOptOBB() const { return OOBBCalculator(nullptr).CalcOptOBB(this, 1e-10); }
+OBB Octree::CalcOptOBB() const {
+    return OOBBCalculator(nullptr).CalcOptOBB(this, 1e-10);
+}
 
 } // namespace geometry3D

@@ -22,7 +22,8 @@ class Point;
 ///
 /// The tree owns its nodes, not its points: whoever stored the points frees them, by iterating,
 /// before the tree goes. The shape follows the order of insertion and is never rebalanced; sorted
-/// input makes it a long chain, so every walk here runs on an explicit stack.
+/// input makes it a long chain, so every walk here runs on an explicit stack, and once a walk
+/// gets deep an index takes over inserts (see `OctreeInsertIndex`). `find` walks.
 class ZENTRA_EXPORT Octree {
 public:
     /// `eps` is the squared welding distance; `precision` the digits to which a query coordinate

@@ -16,7 +16,9 @@ namespace {
 const double cell_limit = 68719476736.0; // 2^36
 const double infinity = std::numeric_limits<double>::infinity();
 
-bool finite(const Point& p) { return std::isfinite(p.x()) && std::isfinite(p.y()) && std::isfinite(p.z()); }
+bool finite(const Point& p) {
+    return std::isfinite(p.x()) && std::isfinite(p.y()) && std::isfinite(p.z());
+}
 } // namespace
 
 OctreeInsertIndex::OctreeInsertIndex(Octree& root) : _root(root), _welds(root._eps > 0.0) {
@@ -61,6 +63,8 @@ bool OctreeInsertIndex::file(Octree* node) {
     return true;
 }
 
+// Strict at the lower end, as the split is: a query at -inf is then admitted by no entry past the
+// first, and its walk starts higher up than it could, which costs time and never changes a result.
 bool OctreeInsertIndex::admits(const Entry& entry, const double* rounded) {
     for (int a = 0; a < 3; ++a)
         if (!(entry.lo[a] < rounded[a] && rounded[a] <= entry.hi[a]))

@@ -13,8 +13,9 @@ class Point;
 ///
 /// `next()` returns null at the end. `current()` is the last point that came from a child
 /// subtree: it stays null while the root's own point is returned and is cleared when a child
-/// subtree is exhausted. Hosts that stop at the first null rely on a node without a point (left
-/// behind by `remove_all`) ending the walk there.
+/// subtree is exhausted. A node left without a point by `remove_all` answers null where it is
+/// met, so a loop that stops at the first null ends there; callers that store points after
+/// `remove_all` depend on that stop staying where it is.
 ///
 /// Descending into a child pushes one frame, so a tree that degenerated into a long chain is
 /// walked in constant time per point and without recursion.

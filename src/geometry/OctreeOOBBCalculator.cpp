@@ -17,9 +17,13 @@ optimization::Fitness OctreeOOBBCalculator::CalcFitness(double* x) {
     return optimization::Fitness{-_octree->CalcOBB(x[0], x[1], x[2]).CalcVolume(), 0};
 }
 
-double OctreeOOBBCalculator::GetLowerLimit() const { return -0.1; }
+double OctreeOOBBCalculator::GetLowerLimit() const {
+    return -0.1;
+}
 
-double OctreeOOBBCalculator::GetUpperLimit() const { return 1.6707963267948966; }
+double OctreeOOBBCalculator::GetUpperLimit() const {
+    return 1.6707963267948966;
+}
 
 OBB OctreeOOBBCalculator::CalcOptOBB(const Octree* octree) {
     _octree = octree;

@@ -3,8 +3,8 @@
 #include "basic/StdProgress.h"
 #include "geometry/EvolutionStrategy.h"
 #include "geometry/OBB.h"
-#include "geometry/OctreeOOBBCalculator.h"
 #include "geometry/Octree.h"
+#include "geometry/OctreeOOBBCalculator.h"
 
 namespace geometry3D {
 
@@ -12,9 +12,13 @@ OctreeOOBBCalculatorAlpha::OctreeOOBBCalculatorAlpha(double alpha, double beta, 
     : _alpha(alpha), _beta(beta), _gamma(gamma),
       _free_count((alpha < 0 ? 1 : 0) + (beta < 0 ? 1 : 0) + (gamma < 0 ? 1 : 0)) {}
 
-double OctreeOOBBCalculatorAlpha::GetLowerLimit() const { return OctreeOOBBCalculator().GetLowerLimit(); }
+double OctreeOOBBCalculatorAlpha::GetLowerLimit() const {
+    return OctreeOOBBCalculator().GetLowerLimit();
+}
 
-double OctreeOOBBCalculatorAlpha::GetUpperLimit() const { return OctreeOOBBCalculator().GetUpperLimit(); }
+double OctreeOOBBCalculatorAlpha::GetUpperLimit() const {
+    return OctreeOOBBCalculator().GetUpperLimit();
+}
 
 optimization::Fitness OctreeOOBBCalculatorAlpha::CalcFitness(double* x) {
     optimization::Fitness fitness{1.23456, 1};

@@ -8,9 +8,13 @@ namespace geometry3D {
 
 Plane::Plane() : _n(3), _d(0.0) {}
 
-Plane::Plane(const vmp::Vector& n, double d) : _n(n), _d(d) { _n.normalize(); }
+Plane::Plane(const vmp::Vector& n, double d) : _n(n), _d(d) {
+    _n.normalize();
+}
 
-Plane::Plane(const Point& p, const vmp::Vector& n) : _n(n), _d(p.to_Vector() * n) { _n.normalize(); }
+Plane::Plane(const Point& p, const vmp::Vector& n) : _n(n), _d(p.to_Vector() * n) {
+    _n.normalize();
+}
 
 Plane::Plane(const Point& a, const Point& b, const Point& c)
     : _n(vmp::cross((b - a).to_Vector(), (c - a).to_Vector())) {
@@ -24,7 +28,9 @@ void Plane::set(double a, double b, double c, double d) {
     _d = d;
 }
 
-double Plane::distance(const Point& p) const { return p.to_Vector() * _n - _d; }
+double Plane::distance(const Point& p) const {
+    return p.to_Vector() * _n - _d;
+}
 
 Classification Plane::classify(const Point& p) const {
     const double e = distance(p);

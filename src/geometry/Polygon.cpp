@@ -9,17 +9,29 @@ Polygon::Polygon(const Polygon&) {}
 
 Polygon::~Polygon() = default;
 
-void Polygon::point(int i, Point* p) { _points[i] = p; }
+void Polygon::point(int i, Point* p) {
+    _points[i] = p;
+}
 
-Point* Polygon::point(int i) const { return _points[i]; }
+Point* Polygon::point(int i) const {
+    return _points[i];
+}
 
-void Polygon::append(Point* p) { _points.append(p); }
+void Polygon::append(Point* p) {
+    _points.append(p);
+}
 
-int Polygon::count_points() const { return _points.size(); }
+int Polygon::count_points() const {
+    return _points.size();
+}
 
-int Polygon::point_index(const Point* p) const { return _points.indexOf(const_cast<Point*>(p)); }
+int Polygon::point_index(const Point* p) const {
+    return _points.indexOf(const_cast<Point*>(p));
+}
 
-void Polygon::swap_points(int i, int j) { _points.swapItemsAt(i, j); }
+void Polygon::swap_points(int i, int j) {
+    _points.swapItemsAt(i, j);
+}
 
 vmp::Vector Polygon::calc_normal(double) {
     const int n = _points.size();
@@ -36,7 +48,9 @@ vmp::Vector Polygon::calc_normal(double) {
     return normal;
 }
 
-vmp::Vector Polygon::calc_normal() { return calc_normal(1e-5); }
+vmp::Vector Polygon::calc_normal() {
+    return calc_normal(1e-5);
+}
 
 int Polygon::contains_edge(const Point* p, const Point* q) const {
     const int n = _points.size();

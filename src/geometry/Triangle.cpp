@@ -11,10 +11,10 @@ vmp::Vector edge_cross(const Point* p0, const Point* p1, const Point* p2) {
 }
 } // namespace
 
-Triangle::Triangle(Point* p0, Point* p1, Point* p2) : _points(new Point*[3]{p0, p1, p2}) {}
+Triangle::Triangle(Point* p0, Point* p1, Point* p2) : _points(new Point* [3] { p0, p1, p2 }) {}
 
 Triangle::Triangle(const Triangle& other)
-    : _points(new Point*[3]{other._points[0], other._points[1], other._points[2]}) {}
+    : _points(new Point* [3] { other._points[0], other._points[1], other._points[2] }) {}
 
 Triangle& Triangle::operator=(const Triangle& other) {
     for (int i = 0; i < 3; ++i)
@@ -22,11 +22,17 @@ Triangle& Triangle::operator=(const Triangle& other) {
     return *this;
 }
 
-Triangle::~Triangle() { delete[] _points; }
+Triangle::~Triangle() {
+    delete[] _points;
+}
 
-void Triangle::point(int i, Point* p) { _points[i] = p; }
+void Triangle::point(int i, Point* p) {
+    _points[i] = p;
+}
 
-Point* Triangle::point(int i) const { return _points[i]; }
+Point* Triangle::point(int i) const {
+    return _points[i];
+}
 
 int Triangle::point_index(const Point* p) const {
     for (int i = 0; i < 3; ++i)
@@ -41,7 +47,9 @@ void Triangle::swap_points(int i, int j) {
     _points[j] = t;
 }
 
-double Triangle::edge_length(int i) const { return _points[i]->distance(*_points[(i + 1) % 3]); }
+double Triangle::edge_length(int i) const {
+    return _points[i]->distance(*_points[(i + 1) % 3]);
+}
 
 int Triangle::longest_edge() const {
     double best = 0.0;
@@ -69,9 +77,13 @@ int Triangle::shortest_edge() const {
     return edge;
 }
 
-double Triangle::area2() const { return edge_cross(_points[0], _points[1], _points[2]).quantity(); }
+double Triangle::area2() const {
+    return edge_cross(_points[0], _points[1], _points[2]).quantity();
+}
 
-double Triangle::area() const { return area2() / 2.0; }
+double Triangle::area() const {
+    return area2() / 2.0;
+}
 
 double Triangle::aspect_ratio() const {
     const int edge = longest_edge();
@@ -100,8 +112,12 @@ triangle Triangle::to_primitive() const {
     return triangle{{_points[0]->to_primitive(), _points[1]->to_primitive(), _points[2]->to_primitive()}};
 }
 
-double Triangle::height(int) const { return -1.0; }
+double Triangle::height(int) const {
+    return -1.0;
+}
 
-double Triangle::included_angle_rad(int) const { return -1.0; }
+double Triangle::included_angle_rad(int) const {
+    return -1.0;
+}
 
 } // namespace geometry3D

@@ -9,8 +9,12 @@
 namespace geometry3D {
 
 namespace {
-vmp::Vector to_vector(const point& p) { return vmp::Vector(p.x, p.y, p.z); }
-vmp::Vector difference(const point& a, const point& b) { return vmp::Vector(a.x - b.x, a.y - b.y, a.z - b.z); }
+vmp::Vector to_vector(const point& p) {
+    return vmp::Vector(p.x, p.y, p.z);
+}
+vmp::Vector difference(const point& a, const point& b) {
+    return vmp::Vector(a.x - b.x, a.y - b.y, a.z - b.z);
+}
 } // namespace
 
 point center(const boundingbox& box) {
@@ -32,7 +36,9 @@ double distance2(double x1, double y1, double z1, double x2, double y2, double z
     return dx * dx + dy * dy + dz * dz;
 }
 
-double distance(const point& a, const point& b) { return std::sqrt(distance2(a.x, a.y, a.z, b.x, b.y, b.z)); }
+double distance(const point& a, const point& b) {
+    return std::sqrt(distance2(a.x, a.y, a.z, b.x, b.y, b.z));
+}
 
 void grow(boundingbox& box, const point& p) {
     if (p.x > box.xmax)

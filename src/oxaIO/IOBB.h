@@ -9,7 +9,7 @@ namespace oxaIO {
 /// edges leaving it, each with its length.
 class ZENTRA_EXPORT IOBB {
 public:
-    virtual ~IOBB();
+    virtual ~IOBB() = default;
     virtual VCoords3D Ref() const = 0;
     virtual VCoords3D Vx() const = 0;
     virtual VCoords3D Vy() const = 0;

@@ -18,7 +18,9 @@ Matrix::Matrix(const Matrix& other) : Matrix(other._rows, other._cols, other._st
         std::memcpy(_data, other._data, sizeof(double) * _stored);
 }
 
-Matrix::~Matrix() { delete[] _data; }
+Matrix::~Matrix() {
+    delete[] _data;
+}
 
 void Matrix::reallocate(int rows, int cols, int stored) {
     delete[] _data;

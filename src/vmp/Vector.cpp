@@ -7,7 +7,9 @@
 namespace vmp {
 
 namespace {
-double* allocate(int n) { return n < 1 ? nullptr : new double[n]; }
+double* allocate(int n) {
+    return n < 1 ? nullptr : new double[n];
+}
 } // namespace
 
 Vector::Vector(int n) : _size(n), _data(allocate(n)) {
@@ -24,7 +26,9 @@ Vector::Vector(double x, double y, double z) : _size(3), _data(new double[3]{x, 
 
 Vector::Vector(const Vector& other) : Vector(other._size, other._data) {}
 
-Vector::~Vector() { delete[] _data; }
+Vector::~Vector() {
+    delete[] _data;
+}
 
 const Vector& Vector::null() {
     static const Vector _null;
@@ -110,7 +114,9 @@ Vector& Vector::operator-=(const Vector& other) {
     return *this;
 }
 
-double Vector::quantity() const { return std::sqrt(*this * *this); }
+double Vector::quantity() const {
+    return std::sqrt(*this * *this);
+}
 
 void Vector::normalize() {
     const double length = quantity();
@@ -118,7 +124,9 @@ void Vector::normalize() {
         _data[i] /= length;
 }
 
-Vector operator*(double factor, const Vector& v) { return v * factor; }
+Vector operator*(double factor, const Vector& v) {
+    return v * factor;
+}
 
 Vector cross(const Vector& a, const Vector& b) {
     if (a.size() != 3 || b.size() != 3)
@@ -138,7 +146,9 @@ double triple_product(const Vector& a, const Vector& b, const Vector& c) {
     return a * cross(b, c);
 }
 
-double cosine(const Vector& a, const Vector& b) { return (a * b) / (a.quantity() * b.quantity()); }
+double cosine(const Vector& a, const Vector& b) {
+    return (a * b) / (a.quantity() * b.quantity());
+}
 
 void print(const Vector& v, const char* tail, const char* format) {
     for (int i = 0; i < v.size(); ++i)

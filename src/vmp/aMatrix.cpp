@@ -9,7 +9,9 @@ aMatrixLine aMatrix::_line;
 
 aMatrix::aMatrix() : Matrix(0, 0, 0) {}
 
-aMatrix::aMatrix(int rows, int cols) : Matrix(rows, cols, rows * cols) { clear(); }
+aMatrix::aMatrix(int rows, int cols) : Matrix(rows, cols, rows * cols) {
+    clear();
+}
 
 aMatrix::aMatrix(int rows, int cols, const double* values) : Matrix(rows, cols, rows * cols) {
     if (_data)
@@ -40,7 +42,9 @@ MatrixLine& aMatrix::operator[](int row) {
     return _line;
 }
 
-void aMatrix::clear() { *this <<= 0.0; }
+void aMatrix::clear() {
+    *this <<= 0.0;
+}
 
 aMatrix& aMatrix::operator<<=(double value) {
     for (int i = 0; i < stored(); ++i)

@@ -9,12 +9,16 @@
 namespace vmp {
 
 namespace {
-int packed_size(int n) { return n < 1 ? 0 : (n + 1) * n / 2; }
+int packed_size(int n) {
+    return n < 1 ? 0 : (n + 1) * n / 2;
+}
 } // namespace
 
 sMatrixLine sMatrix::_line;
 
-sMatrix::sMatrix(int n) : Matrix(n, n, packed_size(n)) { clear(); }
+sMatrix::sMatrix(int n) : Matrix(n, n, packed_size(n)) {
+    clear();
+}
 
 sMatrix::sMatrix(const sMatrix& other) : Matrix(other) {}
 
@@ -40,7 +44,9 @@ MatrixLine& sMatrix::operator[](int row) {
     return _line;
 }
 
-void sMatrix::clear() { *this <<= 0.0; }
+void sMatrix::clear() {
+    *this <<= 0.0;
+}
 
 void sMatrix::resize(int n) {
     if (n == _rows)

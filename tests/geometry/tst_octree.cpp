@@ -1,7 +1,7 @@
+#include "basic/numeric.h"
 #include "geometry/Octree.h"
 #include "geometry/OctreeIterator.h"
 #include "geometry/Point.h"
-#include "basic/numeric.h"
 
 #include <QThread>
 #include <QtTest>

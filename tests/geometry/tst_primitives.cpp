@@ -18,8 +18,12 @@ Q_DECLARE_METATYPE(geometry3D::boundingbox)
 Q_DECLARE_METATYPE(geometry3D::Point)
 
 namespace {
-bool same(const point& a, const point& b) { return a.x == b.x && a.y == b.y && a.z == b.z; }
-bool close(const Vector& a, const Vector& b) { return (a - b).quantity() < 1e-12; }
+bool same(const point& a, const point& b) {
+    return a.x == b.x && a.y == b.y && a.z == b.z;
+}
+bool close(const Vector& a, const Vector& b) {
+    return (a - b).quantity() < 1e-12;
+}
 } // namespace
 
 class TestPrimitives : public QObject {
@@ -30,8 +34,8 @@ private slots:
         const boundingbox box{1, 2, 10, 20, 3, 30};
         point c[8];
         corners(box, c);
-        const point expected[8] = {{1, 2, 3},   {10, 2, 3},   {10, 20, 3}, {1, 20, 3},
-                                   {1, 2, 30},  {10, 2, 30},  {10, 20, 30}, {1, 20, 30}};
+        const point expected[8] = {{1, 2, 3},  {10, 2, 3},  {10, 20, 3},  {1, 20, 3},
+                                   {1, 2, 30}, {10, 2, 30}, {10, 20, 30}, {1, 20, 30}};
         for (int i = 0; i < 8; ++i)
             QVERIFY2(same(c[i], expected[i]), qPrintable(QString("corner %1").arg(i)));
     }
@@ -68,8 +72,8 @@ private slots:
         QTest::newRow("equal") << unit << unit << true;
         QTest::newRow("apart") << boundingbox{2, 2, 3, 3, 2, 3} << unit << false;
         // Crossing like a plus sign: no corner of either lies in the other.
-        QTest::newRow("crossing bars") << boundingbox{-1, 0.4, 2, 0.6, 0.4, 0.6}
-                                       << boundingbox{0.4, -1, 0.6, 2, 0, 1} << false;
+        QTest::newRow("crossing bars")
+            << boundingbox{-1, 0.4, 2, 0.6, 0.4, 0.6} << boundingbox{0.4, -1, 0.6, 2, 0, 1} << false;
     }
 
     void overlap() {
@@ -84,7 +88,8 @@ private slots:
         QTest::addColumn<Point>("direction");
         QTest::addColumn<bool>("hit");
         QTest::addColumn<double>("distance");
-        QTest::newRow("straight down through the inside") << Point(0.25, 0.25, 5) << Point(0, 0, -1) << true << 5.0;
+        QTest::newRow("straight down through the inside")
+            << Point(0.25, 0.25, 5) << Point(0, 0, -1) << true << 5.0;
         QTest::newRow("long direction scales the distance")
             << Point(0.25, 0.25, 5) << Point(0, 0, -2) << true << 2.5;
         QTest::newRow("at a corner") << Point(0, 0, 1) << Point(0, 0, -1) << true << 1.0;
@@ -94,7 +99,8 @@ private slots:
         QTest::newRow("miss, v below 0") << Point(0.5, -0.1, 1) << Point(0, 0, -1) << false << 0.0;
         QTest::newRow("miss, u + v above 1") << Point(0.6, 0.6, 1) << Point(0, 0, -1) << false << 0.0;
         QTest::newRow("parallel to the plane") << Point(0.25, 0.25, 1) << Point(1, 0, 0) << false << 0.0;
-        QTest::newRow("grazing, det below 1e-5") << Point(0.25, 0.25, 1) << Point(1, 0, -1e-6) << false << 0.0;
+        QTest::newRow("grazing, det below 1e-5")
+            << Point(0.25, 0.25, 1) << Point(1, 0, -1e-6) << false << 0.0;
         QTest::newRow("oblique") << Point(-1, 0.25, 1) << Point(1.25, 0, -1) << true << 1.0;
     }
 
@@ -251,8 +257,9 @@ private slots:
         OutputCapture capture(stdout);
         print(boundingbox{1, 2, 3, 4, 5, 6});
         print(point{1.5, -2, 3});
-        QCOMPARE(capture.text(), QByteArray("X (    1.00/    3.00) Y (    2.00/    4.00) Z (    5.00/    6.00)"
-                                            "(    1.50/   -2.00/    3.00)"));
+        QCOMPARE(capture.text(),
+                 QByteArray("X (    1.00/    3.00) Y (    2.00/    4.00) Z (    5.00/    6.00)"
+                            "(    1.50/   -2.00/    3.00)"));
     }
 };
 

@@ -14,7 +14,9 @@ Q_DECLARE_METATYPE(std::vector<double>)
 
 namespace {
 
-aMatrix square(int n, const std::vector<double>& values) { return aMatrix(n, n, values.data()); }
+aMatrix square(int n, const std::vector<double>& values) {
+    return aMatrix(n, n, values.data());
+}
 
 /// The largest absolute element difference of two matrices of equal shape.
 double max_difference(const vmp::Matrix& a, const vmp::Matrix& b) {
@@ -43,10 +45,11 @@ private slots:
         QTest::newRow("2x2") << 2 << 2 << std::vector<double>{3, 8, 4, 6} << -14.0 << QByteArray();
         QTest::newRow("3x3") << 3 << 3 << std::vector<double>{6, 1, 1, 4, -2, 5, 2, 8, 7} << -306.0
                              << QByteArray();
-        QTest::newRow("3x3 singular") << 3 << 3 << std::vector<double>{1, 2, 3, 4, 5, 6, 7, 8, 9} << 0.0
-                                      << QByteArray();
+        QTest::newRow("3x3 singular")
+            << 3 << 3 << std::vector<double>{1, 2, 3, 4, 5, 6, 7, 8, 9} << 0.0 << QByteArray();
         QTest::newRow("4x4 refused") << 4 << 4 << std::vector<double>(16, 0.0) << 0.0
-                                     << QByteArray("Sorry determinat of matrix with dim>3 not implemented!\n");
+                                     << QByteArray(
+                                            "Sorry determinat of matrix with dim>3 not implemented!\n");
         std::vector<double> identity5(25, 0.0);
         for (int i = 0; i < 5; ++i)
             identity5[i * 6] = 1.0;
@@ -112,7 +115,8 @@ private slots:
         const aMatrix b(2, 3);
         OutputCapture capture(stderr);
         const aMatrix p = a * b;
-        QCOMPARE(capture.text(), QByteArray("\n<aMatrix::operator*(aMatrix& m)> ERROR - this.cols != m.rows !!\n"));
+        QCOMPARE(capture.text(),
+                 QByteArray("\n<aMatrix::operator*(aMatrix& m)> ERROR - this.cols != m.rows !!\n"));
         QCOMPARE(p.rows(), 0);
         QCOMPARE(p.cols(), 0);
     }
@@ -124,9 +128,9 @@ private slots:
         QTest::newRow("2x2") << 2 << std::vector<double>{4, 3, 6, 3} << std::vector<double>{1, -2};
         QTest::newRow("3x3") << 3 << std::vector<double>{2, -1, 0, -1, 2, -1, 0, -1, 2}
                              << std::vector<double>{1, 2, 3};
-        QTest::newRow("4x4 unsymmetric") << 4
-                                         << std::vector<double>{10, 1, 2, 3, 1, 12, 0, 4, 2, 5, 9, 1, 0, 1, 3, 8}
-                                         << std::vector<double>{0.5, -1, 2, 4};
+        QTest::newRow("4x4 unsymmetric")
+            << 4 << std::vector<double>{10, 1, 2, 3, 1, 12, 0, 4, 2, 5, 9, 1, 0, 1, 3, 8}
+            << std::vector<double>{0.5, -1, 2, 4};
     }
 
     void decomposition_solves() {

@@ -9,7 +9,9 @@
 using vmp::Vector;
 
 namespace {
-Vector vec(std::initializer_list<double> values) { return Vector(static_cast<int>(values.size()), values.begin()); }
+Vector vec(std::initializer_list<double> values) {
+    return Vector(static_cast<int>(values.size()), values.begin());
+}
 } // namespace
 
 class TestVector : public QObject {
@@ -59,8 +61,8 @@ private slots:
         QTest::addColumn<QVector<double>>("b");
         QTest::addColumn<double>("dot");
         QTest::addColumn<QVector<double>>("cross");
-        QTest::newRow("orthogonal basis") << QVector<double>{1, 0, 0} << QVector<double>{0, 1, 0} << 0.0
-                                          << QVector<double>{0, 0, 1};
+        QTest::newRow("orthogonal basis")
+            << QVector<double>{1, 0, 0} << QVector<double>{0, 1, 0} << 0.0 << QVector<double>{0, 0, 1};
         QTest::newRow("general") << QVector<double>{1, 2, 3} << QVector<double>{4, 5, 6} << 32.0
                                  << QVector<double>{-3, 6, -3};
         QTest::newRow("sizes 2 and 3: dot 0, cross zero")

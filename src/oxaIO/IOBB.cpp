@@ -1,7 +1,0 @@
-#include "oxaIO/IOBB.h"
-
-namespace oxaIO {
-
-IOBB::~IOBB() = default;
-
-} // namespace oxaIO
