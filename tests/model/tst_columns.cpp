@@ -84,6 +84,8 @@ private slots:
     void reached_column_with_no_active_choice_is_left_unchanged();
     void filter_that_changes_nothing_data();
     void filter_that_changes_nothing();
+    void indices_are_taken_while_they_lie_in_the_active_rows_data();
+    void indices_are_taken_while_they_lie_in_the_active_rows();
     void adding_reactivates_but_keeps_the_high_water_mark();
     void clear_selection_restores_every_column_and_renumbers_pivots();
     void matches_wildcards_in_active_rows_data();
@@ -244,6 +246,29 @@ void TestColumns::filter_that_changes_nothing() {
         QVERIFY(state_of(columns.at(i)) == before.at(i));
         QCOMPARE(resets.at(i)->count(), 0);
     }
+}
+
+void TestColumns::indices_are_taken_while_they_lie_in_the_active_rows_data() {
+    QTest::addColumn<QList<int>>("places");
+    QTest::addColumn<QStringList>("active");
+    QTest::newRow("in order") << QList<int>{0, 2} << QStringList{"x0", "x2"};
+    QTest::newRow("sorted first") << QList<int>{2, 0} << QStringList{"x0", "x2"};
+    QTest::newRow("cut off at the first past the active rows") << QList<int>{5, 1, 3} << QStringList{"x1"};
+    // A repeated place is not screened out: the second take pulls a neighbour in.
+    QTest::newRow("repeated") << QList<int>{0, 0} << QStringList{"x1", "x0"};
+}
+
+void TestColumns::indices_are_taken_while_they_lie_in_the_active_rows() {
+    QFETCH(QList<int>, places);
+    LinkedColumns fixture;
+    QSColumnObject* names = fixture.column("names");
+    for (const char* id : {"x0", "x1", "x2", "x3"})
+        fixture.item(names, id);
+    QList<int> first_three{0, 1, 2};
+    names->filter(first_three);
+    names->filter(places);
+    QTEST(active_ids(names), "active");
+    QCOMPARE(names->filtered(), 3);
 }
 
 void TestColumns::adding_reactivates_but_keeps_the_high_water_mark() {
