@@ -8,6 +8,8 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <utility>
+#include <vector>
 
 namespace model {
 
@@ -102,10 +104,16 @@ void QSModelPivotTable::expand(PivotNode* node, QSColumnAbstract* target) {
             for (QSItemAbstract* partner : item->links())
                 if (partner->column() == column)
                     reached.insert(partner);
-        current = reached.values();
-        std::sort(current.begin(), current.end(), [column](const QSItemAbstract* a, const QSItemAbstract* b) {
-            return column->index(a) < column->index(b);
-        });
+        // Ordered by place, each place looked up once.
+        std::vector<std::pair<int, QSItemAbstract*>> placed;
+        placed.reserve(reached.size());
+        for (QSItemAbstract* item : qAsConst(reached))
+            placed.emplace_back(column->index(item), item);
+        std::sort(placed.begin(), placed.end());
+        current.clear();
+        current.reserve(int(placed.size()));
+        for (const auto& entry : placed)
+            current.append(entry.second);
     }
     for (QSItemAbstract* item : qAsConst(current))
         node->children.append(new PivotNode(item));

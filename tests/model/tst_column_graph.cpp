@@ -183,16 +183,24 @@ void TestColumnGraph::shortest_chains_data() {
     QTest::addColumn<QStringList>("chain");
     const QStringList chain{"a-b", "b-c", "c-d"};
     const QStringList star{"s-p", "s-q", "s-r"};
-    QTest::newRow("chain, direct") << chain << "b" << "c" << QStringList{"b", "c"};
-    QTest::newRow("chain, two steps") << chain << "a" << "c" << QStringList{"a", "b", "c"};
-    QTest::newRow("chain, two steps back") << chain << "c" << "a" << QStringList{"c", "b", "a"};
-    QTest::newRow("chain, end to end") << chain << "a" << "d" << QStringList{"a", "b", "c", "d"};
-    QTest::newRow("chain, end to end back") << chain << "d" << "a" << QStringList{"d", "c", "b", "a"};
-    QTest::newRow("star, leaf to leaf") << star << "p" << "r" << QStringList{"p", "s", "r"};
-    QTest::newRow("star, back") << star << "r" << "p" << QStringList{"r", "s", "p"};
-    QTest::newRow("star, middle to leaf") << star << "s" << "q" << QStringList{"s", "q"};
-    QTest::newRow("ring, shorter way round")
-        << QStringList{"a-b", "b-c", "c-d", "d-e", "e-a"} << "a" << "d" << QStringList{"a", "e", "d"};
+    QTest::newRow("chain, direct") << chain << "b"
+                                   << "c" << QStringList{"b", "c"};
+    QTest::newRow("chain, two steps") << chain << "a"
+                                      << "c" << QStringList{"a", "b", "c"};
+    QTest::newRow("chain, two steps back") << chain << "c"
+                                           << "a" << QStringList{"c", "b", "a"};
+    QTest::newRow("chain, end to end") << chain << "a"
+                                       << "d" << QStringList{"a", "b", "c", "d"};
+    QTest::newRow("chain, end to end back") << chain << "d"
+                                            << "a" << QStringList{"d", "c", "b", "a"};
+    QTest::newRow("star, leaf to leaf") << star << "p"
+                                        << "r" << QStringList{"p", "s", "r"};
+    QTest::newRow("star, back") << star << "r"
+                                << "p" << QStringList{"r", "s", "p"};
+    QTest::newRow("star, middle to leaf") << star << "s"
+                                          << "q" << QStringList{"s", "q"};
+    QTest::newRow("ring, shorter way round") << QStringList{"a-b", "b-c", "c-d", "d-e", "e-a"} << "a"
+                                             << "d" << QStringList{"a", "e", "d"};
 }
 
 void TestColumnGraph::shortest_chains() {

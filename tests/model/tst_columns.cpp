@@ -370,11 +370,13 @@ void TestColumns::table_model_shows_the_three_states_data() {
     QTest::addColumn<QString>("active_text");
     QTest::addColumn<QVariant>("background");
     QTest::addColumn<QVariant>("foreground");
-    QTest::newRow("active") << 0 << "filtered" << "active" << QVariant() << QVariant();
-    QTest::newRow("passed over") << 2 << "filtered" << "" << QVariant(QColor(30, 70, 120, 255))
+    QTest::newRow("active") << 0 << "filtered"
+                            << "active" << QVariant() << QVariant();
+    QTest::newRow("passed over") << 2 << "filtered"
+                                 << "" << QVariant(QColor(30, 70, 120, 255))
                                  << QVariant(QColor(80, 80, 120, 255));
-    QTest::newRow("out") << 3 << "" << "" << QVariant(QColor(50, 100, 180, 255))
-                         << QVariant(QColor(80, 80, 120, 255));
+    QTest::newRow("out") << 3 << ""
+                         << "" << QVariant(QColor(50, 100, 180, 255)) << QVariant(QColor(80, 80, 120, 255));
 }
 
 void TestColumns::table_model_shows_the_three_states() {
