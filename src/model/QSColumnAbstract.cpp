@@ -37,12 +37,16 @@ int QSColumnAbstract::index(const QSItemAbstract* item) const {
 }
 
 void QSColumnAbstract::link_to(QSColumnAbstract* other) {
+    if (!other)
+        return;
     _edges.insert(other);
     other->_edges.insert(this);
     _system->update_shortestpaths();
 }
 
 void QSColumnAbstract::remove_link(QSColumnAbstract* other) {
+    if (!other)
+        return;
     _edges.remove(other);
     other->_edges.remove(this);
 }
@@ -59,11 +63,16 @@ void QSColumnAbstract::filter(QList<int>& indices, QSColumnAbstract* from) {
     handled.insert(this);
 
     std::sort(indices.begin(), indices.end());
-    if (indices.first() >= _active)
+    // Negative places name no item and are passed over; a column whose items were removed may
+    // count more active places than it has items, and those are passed over too.
+    const auto first = std::lower_bound(indices.cbegin(), indices.cend(), 0);
+    const int limit = std::min(_active, int(_items.size()));
+    if (first == indices.cend() || *first >= limit)
         return;
     int chosen = 0;
-    for (const int place : qAsConst(indices)) {
-        if (place >= _active)
+    for (auto it = first; it != indices.cend(); ++it) {
+        const int place = *it;
+        if (place >= limit)
             break;
         _items.swapItemsAt(chosen, place);
         _positions.insert(_items.at(chosen), chosen);

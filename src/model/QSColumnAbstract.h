@@ -68,7 +68,8 @@ public:
     ///
     /// Indices are taken in ascending order only while they lie below `active()`: if the first
     /// of them does not, the column is left unchanged, though it still counts as reached.
-    /// Repeated indices are not screened out, and a negative index must not be passed.
+    /// Repeated indices are not screened out (a second take pulls the neighbour in); negative
+    /// ones are passed over.
     ///
     /// The walk skips only the column it came from and has no guard against cycles: the columns
     /// of a system must form a tree, or the links between their items must die out. Hosts build

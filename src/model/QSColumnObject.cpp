@@ -43,6 +43,8 @@ QList<int> QSColumnObject::matches(const QString& pattern) {
 }
 
 QSItemObject* QSColumnObject::item(Object* object) {
+    if (!object)
+        return nullptr;
     QSItemObject*& found = (*this)[object];
     if (!found) {
         found = new QSItemObject(object);

@@ -37,7 +37,7 @@ public:
     /// pattern (case-sensitive; "a*" finds "xab", since the pattern is searched inside the text).
     QList<int> matches(const QString& pattern) override;
 
-    /// The object's item, made and appended on first use.
+    /// The object's item, made and appended on first use; null for a null object.
     QSItemObject* item(Object* object);
     /// Deletes the object's item, if it has one. The places recorded for the items behind it and
     /// `active()` are not adjusted: hosts remove objects only while tearing a column down or

@@ -256,6 +256,7 @@ void TestColumns::indices_are_taken_while_they_lie_in_the_active_rows_data() {
     QTest::newRow("cut off at the first past the active rows") << QList<int>{5, 1, 3} << QStringList{"x1"};
     // A repeated place is not screened out: the second take pulls a neighbour in.
     QTest::newRow("repeated") << QList<int>{0, 0} << QStringList{"x1", "x0"};
+    QTest::newRow("negative ones passed over") << QList<int>{-3, 2, -1} << QStringList{"x2"};
 }
 
 void TestColumns::indices_are_taken_while_they_lie_in_the_active_rows() {
@@ -337,6 +338,16 @@ void TestColumns::removing_an_object_unlinks_its_item() {
     QCOMPARE(chain.at(chain.d, "d1")->links().size(), 1);
     chain.c->remove(chain.system.object("a0")); // not in this column: nothing happens
     QCOMPARE(chain.c->items().size(), 2);
+
+    // The column still counts three active places; a place past its items is passed over.
+    QCOMPARE(chain.c->active(), 3);
+    QList<int> past_the_items{2};
+    chain.c->filter(past_the_items);
+    QCOMPARE(chain.c->active(), 3);
+    QVERIFY(!chain.c->item(nullptr));
+    chain.c->link_to(nullptr);
+    chain.c->remove_link(nullptr);
+    QCOMPARE(chain.c->edges().size(), 2);
 }
 
 void TestColumns::sort_orders_by_identifier() {

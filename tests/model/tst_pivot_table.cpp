@@ -76,7 +76,7 @@ private slots:
     void chain_through_a_column_not_shown();
     void one_column_shows_one_row_per_active_item();
     void registry_renumbers_the_tables_of_one_system();
-    void columns_of_another_system_are_ignored();
+    void foreign_and_unconnected_columns_add_no_rows();
 };
 
 void TestPivotTable::rows_follow_the_links_column_by_column() {
@@ -207,7 +207,7 @@ void TestPivotTable::registry_renumbers_the_tables_of_one_system() {
     QSModelPivotTable::update_models(nullptr); // a system without tables: nothing happens
 }
 
-void TestPivotTable::columns_of_another_system_are_ignored() {
+void TestPivotTable::foreign_and_unconnected_columns_add_no_rows() {
     Pivot pivot;
     Pivot other;
     QSModelPivotTable table(&pivot.system);
@@ -218,6 +218,17 @@ void TestPivotTable::columns_of_another_system_are_ignored() {
     table.model_reset();
     QCOMPARE(table.rowCount(), 0);
     QVERIFY(table.roots().isEmpty());
+
+    // Columns that the graph does not connect: every root stands alone.
+    QSColumnObject* lone = pivot.column("lone");
+    pivot.item(lone, "x0");
+    table.add_column(lone);
+    table.add_column(pivot.a);
+    table.setup();
+    table.model_reset();
+    QCOMPARE(table.rowCount(), 1);
+    QCOMPARE(cell(&table, 0, 0), QString("x0"));
+    QVERIFY(!table.data(table.index(0, 1)).isValid());
 }
 
 QTEST_GUILESS_MAIN(TestPivotTable)
