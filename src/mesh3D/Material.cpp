@@ -2,6 +2,7 @@
 
 #include "basic/numeric.h"
 #include "basic/text.h"
+#include "mesh3D/QSColumnMaterial.h"
 #include "model/Primitive.h"
 #include "model/System.h"
 
@@ -17,6 +18,11 @@ using MaterialTable = QHash<QString, Material*>;
 QHash<model::System*, MaterialTable*>& global_materials() {
     static QHash<model::System*, MaterialTable*> tables;
     return tables;
+}
+
+QHash<model::System*, mesh3D::QSColumnMaterial*>& material_columns() {
+    static QHash<model::System*, mesh3D::QSColumnMaterial*> columns;
+    return columns;
 }
 
 oxaIO::VColor4 to_vcolor(const basic::color4& c) { return oxaIO::VColor4{c.r, c.g, c.b, c.a}; }
@@ -36,9 +42,14 @@ Material::Material(const Material& other)
     : Element(other), oxaIO::IMaterial(), _material_name(other._material_name),
       _transparency(other._transparency), _ambient(other._ambient), _diffuse(other._diffuse),
       _specular(other._specular), _shininess(other._shininess), _texture(other._texture),
-      _texture_filename(other._texture_filename), _texture_path(other._texture_path) {}
+      _texture_filename(other._texture_filename), _texture_path(other._texture_path) {
+    enter_column();
+}
 
-Material::~Material() = default;
+Material::~Material() {
+    if (mesh3D::QSColumnMaterial* column = existing_column(system()))
+        column->remove(this);
+}
 
 void Material::init() {
     const basic::color4 white{1.0f, 1.0f, 1.0f, 0.0f};
@@ -48,6 +59,12 @@ void Material::init() {
     _specular = white;
     _shininess = 0.0;
     _texture = 0;
+    enter_column();
+}
+
+void Material::enter_column() {
+    if (mesh3D::QSColumnMaterial* column = QSColumnMaterial(system()))
+        column->item(this);
 }
 
 QHash<GeometricElement*, QVector<model::mapCoordsType>>& Material::mapping_coordinates() {
@@ -93,6 +110,23 @@ void Material::DeleteGlobalMaterials(model::System* system) {
         delete table->take(table->begin().key());
     delete table;
 }
+
+mesh3D::QSColumnMaterial* Material::QSColumnMaterial(model::System* system) {
+    if (!system || !system->quickSearch())
+        return nullptr;
+    mesh3D::QSColumnMaterial*& column = material_columns()[system];
+    if (!column)
+        column = new mesh3D::QSColumnMaterial(system, QStringLiteral("Material"));
+    return column;
+}
+
+mesh3D::QSColumnMaterial* Material::existing_column(model::System* system) {
+    return material_columns().value(system);
+}
+
+void Material::DeleteGlobalQSColumnMaterial(model::System* system) { delete material_columns().take(system); }
+
+mesh3D::QSColumnMaterial* Material::qs_column() const { return QSColumnMaterial(system()); }
 
 ObjectType Material::m_type() const { return TYPE_MATERIAL | TYPE_ELEMENT; }
 

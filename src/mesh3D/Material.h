@@ -13,6 +13,7 @@
 namespace mesh3D {
 
 class GeometricElement;
+class QSColumnMaterial;
 
 /// How a surface looks: colours, transparency, shininess and a texture. Materials are shared
 /// between surfaces, which point to them without owning them; a per-system table finds or makes
@@ -23,12 +24,15 @@ public:
     Material(model::System* system, const QString& id, const QString& name);
     /// Sets the identifier and repository only; `init` must follow.
     Material(const QString& id, model::RepositoryP* repository);
-    /// A new identifier with all the appearance of `other`.
+    /// A new identifier with all the appearance of `other`, entered in the column.
     Material(const Material& other);
     Material& operator=(const Material&) = delete;
+    /// Leaves the material column. The global table keeps its entry: a material of the table is
+    /// deleted only through `DeleteGlobalMaterials`.
     ~Material() override;
 
-    /// Opaque white in all three colours (alpha 0), no shininess, no texture.
+    /// Opaque white in all three colours (alpha 0), no shininess, no texture; enters the
+    /// material in the material column.
     void init();
 
     const QString& name() const { return _material_name; }
@@ -72,6 +76,14 @@ public:
     /// Deletes every material of the system's table, and the table. Materials in the table must
     /// not be deleted any other way.
     static void DeleteGlobalMaterials(model::System* system);
+    /// The system's material column, named "Material", made on first demand; null for a system
+    /// without quick search.
+    static mesh3D::QSColumnMaterial* QSColumnMaterial(model::System* system);
+    /// The column if the system has one already; makes nothing.
+    static mesh3D::QSColumnMaterial* existing_column(model::System* system);
+    /// Deletes the system's material column.
+    static void DeleteGlobalQSColumnMaterial(model::System* system);
+    mesh3D::QSColumnMaterial* qs_column() const;
 
     ObjectType m_type() const override;
     static long hashcode();
@@ -88,6 +100,8 @@ public:
     QString member_info(const QString& name) const override;
 
 private:
+    void enter_column();
+
     QString _material_name;
     double _transparency = 0.0;
     basic::color4 _ambient;

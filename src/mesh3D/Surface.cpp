@@ -8,10 +8,13 @@
 #include "mesh3D/IncidenceMap.h"
 #include "mesh3D/Material.h"
 #include "mesh3D/Polygon.h"
+#include "mesh3D/QSColumnMaterial.h"
 #include "mesh3D/ShellOrientation.h"
 #include "mesh3D/Solid.h"
 #include "mesh3D/Triangle.h"
 #include "mesh3D/Vertex.h"
+#include "model/QSColumnObject.h"
+#include "model/QSItemObject.h"
 #include "model/System.h"
 #include "vmp/Vector.h"
 
@@ -28,6 +31,11 @@ using SourceTable = QHash<Surface*, Material*>;
 QHash<model::System*, SourceTable*>& source_tables() {
     static QHash<model::System*, SourceTable*> tables;
     return tables;
+}
+
+QHash<model::System*, model::QSColumnObject*>& surface_columns() {
+    static QHash<model::System*, model::QSColumnObject*> columns;
+    return columns;
 }
 
 double cosine(const geometry3D::point& a, const geometry3D::point& b) {
@@ -48,17 +56,28 @@ template <typename T> void delete_front_to_back(QList<T*>& list) {
 
 } // namespace
 
-Surface::Surface(Container* parent) : GeometricElement(parent, parent ? parent->system() : nullptr) {}
+Surface::Surface(Container* parent) : GeometricElement(parent, parent ? parent->system() : nullptr) {
+    enter_column();
+}
 
 Surface::Surface(Container* parent, const QString& id, basic::unit unit)
-    : GeometricElement(parent, parent ? parent->system() : nullptr, id, unit) {}
+    : GeometricElement(parent, parent ? parent->system() : nullptr, id, unit) {
+    enter_column();
+}
 
 Surface::Surface(Container* parent, model::System* system, const QString& id, basic::unit unit)
-    : GeometricElement(parent, system, id, unit) {}
+    : GeometricElement(parent, system, id, unit) {
+    enter_column();
+}
 
-Surface::Surface(const QString& id, model::RepositoryP* repository) : GeometricElement(id, repository) {}
+Surface::Surface(const QString& id, model::RepositoryP* repository) : GeometricElement(id, repository) {
+    enter_column();
+}
 
-Surface::Surface(const Surface& other) : GeometricElement(other), _material(other._material) {}
+Surface::Surface(const Surface& other) : GeometricElement(other), _material(other._material) {
+    enter_column();
+    link_material_item(true);
+}
 
 Surface::~Surface() {
     EmptyGeometry();
@@ -67,13 +86,37 @@ Surface::~Surface() {
         if (sources->isEmpty())
             delete source_tables().take(system());
     }
+    if (model::QSColumnObject* column = surface_columns().value(system()))
+        column->remove(this);
     free_edges();
 }
 
 void Surface::init() {
     GeometricElement::init(unit());
     free_edges();
+    link_material_item(false);
     _material = nullptr;
+    enter_column();
+}
+
+void Surface::enter_column() {
+    if (model::QSColumnObject* column = QSColumnObject(system()))
+        column->item(this);
+}
+
+void Surface::link_material_item(bool linked) {
+    model::QSColumnObject* surfaces = surface_columns().value(system());
+    mesh3D::QSColumnMaterial* materials = Material::existing_column(system());
+    if (!_material || !surfaces || !materials)
+        return;
+    model::QSItemObject* item = surfaces->value(this);
+    model::QSItemObject* material_item = materials->value(_material);
+    if (!item || !material_item)
+        return;
+    if (linked)
+        item->link_to(material_item);
+    else
+        item->unlink(material_item);
 }
 
 void Surface::add(Triangle* triangle) {
@@ -119,7 +162,9 @@ void Surface::material(Material* material, bool temporary_keep) {
         if (!sources.contains(this))
             sources.insert(this, _material);
     }
+    link_material_item(false);
     _material = material;
+    link_material_item(true);
 }
 
 QString Surface::material_ID() const { return _material ? _material->id() : QString(""); }
@@ -135,7 +180,9 @@ void Surface::reset_material() {
     SourceTable* sources = source_tables().value(system());
     if (!sources || !sources->contains(this))
         return;
+    link_material_item(false);
     _material = sources->take(this);
+    link_material_item(true);
 }
 
 void Surface::reset_materials(model::System* system) {
@@ -152,6 +199,29 @@ QHash<Surface*, Material*>& Surface::source_materials(model::System* system) {
     if (!sources)
         sources = new SourceTable;
     return *sources;
+}
+
+model::QSColumnObject* Surface::QSColumnObject(model::System* system) {
+    if (!system || !system->quickSearch())
+        return nullptr;
+    model::QSColumnObject*& column = surface_columns()[system];
+    if (!column) {
+        column = new model::QSColumnObject(system, QStringLiteral("Surface"));
+        if (mesh3D::QSColumnMaterial* materials = Material::QSColumnMaterial(system))
+            materials->link_to(column);
+    }
+    return column;
+}
+
+model::QSColumnObject* Surface::qs_column() const { return QSColumnObject(system()); }
+
+void Surface::DeleteGlobalQSColumnObject(model::System* system) {
+    model::QSColumnObject* column = surface_columns().take(system);
+    if (!column)
+        return;
+    if (mesh3D::QSColumnMaterial* materials = Material::existing_column(system))
+        materials->remove_link(column);
+    delete column;
 }
 
 void Surface::EmptyGeometry() {

@@ -7,6 +7,9 @@
 #include <QHash>
 #include <QList>
 
+namespace model {
+class QSColumnObject;
+}
 namespace vmp {
 class Vector;
 }
@@ -31,7 +34,8 @@ struct triangle_edges {
 /// tessellations, and faces and solids over them, all owned by the surface. It makes its
 /// normals consistent and outward (`correct_normals`), finds the edges worth drawing once
 /// (`update_edges`), and points to a shared material that it does not own, which may be
-/// overridden for a while and reset.
+/// overridden for a while and reset. With quick search on, every surface has an item in its
+/// system's surface column, linked to the item of its material.
 class ZENTRA_EXPORT Surface : public GeometricElement {
 public:
     /// The system is the container's.
@@ -44,7 +48,8 @@ public:
     Surface& operator=(const Surface&) = delete;
     ~Surface() override;
 
-    /// Runs the base `init` with the unit again, forgets the edges and the material.
+    /// Runs the base `init` with the unit again, forgets the edges and the material, and
+    /// enters the surface in the surface column.
     void init();
 
     using GeometricElement::add;
@@ -89,6 +94,12 @@ public:
     static void reset_materials(model::System* system);
     /// The remembered materials of the system's surfaces, made on first use.
     static QHash<Surface*, Material*>& source_materials(model::System* system);
+    /// The system's surface column, named "Surface" and linked to the material column, made on
+    /// first demand; null for a system without quick search.
+    static model::QSColumnObject* QSColumnObject(model::System* system);
+    model::QSColumnObject* qs_column() const;
+    /// Unlinks the system's surface column from the material column and deletes it.
+    static void DeleteGlobalQSColumnObject(model::System* system);
 
     /// Deletes faces, solids, triangles and polygons, in that order, and the edge records.
     void EmptyGeometry();
@@ -126,6 +137,10 @@ public:
     void superclasses(QStringList& out) const override;
 
 private:
+    void enter_column();
+    /// Links or unlinks the items of this surface and of its material; nothing unless both
+    /// columns exist.
+    void link_material_item(bool linked);
     void correct_normals_of_triangles(const vmp::Vector& direction, Vertex* point);
     void correct_normals_of_polygons(const vmp::Vector& direction, Vertex* point);
     /// Turns the tessellation triangles to face the way of the polygon's normal.
