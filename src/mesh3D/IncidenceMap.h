@@ -90,7 +90,6 @@ public:
     }
     /// The number of vertices whose list is not empty.
     int filled() const { return _filled; }
-
 private:
     int number(geometry3D::Point* point) {
         if (!point)

@@ -4,38 +4,21 @@
 #include "mesh3D/IncidenceMap.h"
 #include "vmp/Vector.h"
 
+#include <algorithm>
+#include <cmath>
 #include <vector>
 
 namespace mesh3D {
-
-/// Of `points`, the one farthest from the centre of their bounding box (the first met among
-/// equally far ones), and in `direction` the unit vector from the centre to it. False, and
-/// nothing set, for no points.
-template <typename Points>
-bool outermost_vertex(const Points& points, vmp::Vector& direction, geometry3D::Point*& outermost) {
-    geometry3D::boundingbox box;
-    for (geometry3D::Point* p : points)
-        geometry3D::grow(box, p->to_primitive());
-    const geometry3D::point centre = geometry3D::center(box);
-    double greatest = -1.0;
-    for (geometry3D::Point* p : points) {
-        const double d = geometry3D::distance2(p->x(), p->y(), p->z(), centre.x, centre.y, centre.z);
-        if (d > greatest) {
-            greatest = d;
-            outermost = p;
-        }
-    }
-    if (greatest < 0.0)
-        return false;
-    direction = vmp::Vector(outermost->x() - centre.x, outermost->y() - centre.y, outermost->z() - centre.z);
-    direction.normalize();
-    return true;
-}
 
 /// Makes every connected shell of a set of triangles or polygons consistently oriented and
 /// pointing outward. Each shell starts at its outermost vertex, where the outward direction is
 /// certain: the first primitive there is turned to face that direction, and the orientation
 /// spreads to the neighbours over shared edges, depth first.
+///
+/// Whether the first primitive faces outward is judged from all primitives around the vertex,
+/// oriented alike and weighted by their angles there, not from the first one alone: at a
+/// corner seen obliquely a correctly wound face can point away from the direction while the
+/// corner as a whole does not, and a closed shell is then always turned the right way.
 ///
 /// The spreading keeps the order of a recursive walk (a primitive orients all its remaining
 /// neighbours, then each of them continues in turn) on an explicit stack, so that a shell of
@@ -47,23 +30,34 @@ template <typename Primitive, typename Reverse> class ShellOrientation {
 public:
     ShellOrientation(IncidenceMap<Primitive>& map, Reverse reverse) : _map(map), _reverse(reverse) {}
 
-    /// Orients every shell, the first from `point` and `direction`; each further one from the
-    /// outermost of the vertices not yet reached.
-    void run(vmp::Vector direction, geometry3D::Point* point) {
+    /// Orients every shell. The first starts at `point`; each further one at the vertex not yet
+    /// reached that lies farthest from `centre`, in the direction from `centre`. All vertices
+    /// lie within that distance of `centre`, so the vertex is a corner of the shell's hull and
+    /// the direction points out of the shell there. Ordering the vertices once by distance makes
+    /// a surface of many shells as cheap per shell as one of a single shell.
+    void run(vmp::Vector direction, geometry3D::Point* point, const geometry3D::point& centre) {
+        std::vector<std::pair<double, int>> by_distance(_map.vertex_count());
+        for (int v = 0; v < _map.vertex_count(); ++v) {
+            const geometry3D::Point* p = _map.vertex(v);
+            by_distance[v] = {-geometry3D::distance2(p->x(), p->y(), p->z(), centre.x, centre.y, centre.z), v};
+        }
+        std::sort(by_distance.begin(), by_distance.end());
+        std::size_t next = 0;
         while (_map.filled() > 0) {
             const int v = _map.vertex_id(point);
             if (_map.list_size(v) > 0) {
                 const int start = _map.list(v)[0];
-                if (direction * _map.primitive(start)->calc_normal() < 0.0)
+                if (faces_against(start, v, direction))
                     turn(start, 0, 1);
                 seed(start);
             }
-            std::vector<geometry3D::Point*> remaining;
-            for (int w = 0; w < _map.vertex_count(); ++w)
-                if (_map.list_size(w) > 0)
-                    remaining.push_back(_map.vertex(w));
-            if (!outermost_vertex(remaining, direction, point))
+            while (next < by_distance.size() && _map.list_size(by_distance[next].second) == 0)
+                ++next;
+            if (next == by_distance.size())
                 return;
+            point = _map.vertex(by_distance[next].second);
+            direction = vmp::Vector(point->x() - centre.x, point->y() - centre.y, point->z() - centre.z);
+            direction.normalize();
         }
     }
 
@@ -73,6 +67,85 @@ private:
         std::size_t next;
         std::size_t end;
     };
+
+    /// Whether the corner at vertex `v`, with its primitives oriented like `start`, points
+    /// against `direction`: the sum of their unit normals, each weighted by its angle at the
+    /// vertex, is taken.
+    bool faces_against(int start, int v, const vmp::Vector& direction) const {
+        const int* fan = _map.list(v);
+        const int size = _map.list_size(v);
+        geometry3D::Point* corner = _map.vertex(v);
+        // Orientation of each primitive of the fan relative to `start`: +1 alike, -1 opposite,
+        // 0 not reached over an edge through the corner.
+        std::vector<int> sign(size, 0);
+        std::vector<int> queue;
+        for (int i = 0; i < size; ++i)
+            if (fan[i] == start) {
+                sign[i] = 1;
+                queue.push_back(i);
+                break;
+            }
+        for (std::size_t next = 0; next < queue.size(); ++next) {
+            const int x = queue[next];
+            geometry3D::Point* before = nullptr;
+            geometry3D::Point* after = nullptr;
+            neighbours_at(*_map.primitive(fan[x]), corner, before, after);
+            for (int y = 0; y < size; ++y) {
+                if (sign[y] != 0)
+                    continue;
+                const Primitive& other = *_map.primitive(fan[y]);
+                int k = after ? other.contains_edge(corner, after) : 0;
+                if (k == 0 && before)
+                    k = other.contains_edge(before, corner);
+                if (k == 0)
+                    continue;
+                sign[y] = k > 0 ? -sign[x] : sign[x];
+                queue.push_back(y);
+            }
+        }
+        double against = 0.0;
+        for (int i = 0; i < size; ++i) {
+            if (sign[i] == 0)
+                continue;
+            Primitive& primitive = *_map.primitive(fan[i]);
+            geometry3D::Point* before = nullptr;
+            geometry3D::Point* after = nullptr;
+            neighbours_at(primitive, corner, before, after);
+            if (!before || !after)
+                continue;
+            const double angle = angle_at(*corner, *before, *after);
+            const double along = direction * primitive.calc_normal();
+            if (std::isfinite(angle) && std::isfinite(along))
+                against += sign[i] * angle * along;
+        }
+        return against < 0.0;
+    }
+
+    /// The points before and after `corner` in the primitive's order, passing over repeats of
+    /// the corner itself (a polygon may close on its first point).
+    static void neighbours_at(const Primitive& primitive, const geometry3D::Point* corner, geometry3D::Point*& before,
+                              geometry3D::Point*& after) {
+        const int n = corner_count(primitive);
+        const int c = primitive.point_index(corner);
+        if (c < 0)
+            return;
+        for (int step = 1; step < n && !after; ++step)
+            if (primitive.point((c + step) % n) != corner)
+                after = primitive.point((c + step) % n);
+        for (int step = 1; step < n && !before; ++step)
+            if (primitive.point((c + n - step) % n) != corner)
+                before = primitive.point((c + n - step) % n);
+    }
+
+    static double angle_at(const geometry3D::Point& corner, const geometry3D::Point& a, const geometry3D::Point& b) {
+        const geometry3D::Point u = a - corner;
+        const geometry3D::Point w = b - corner;
+        const double dot = u.x() * w.x() + u.y() * w.y() + u.z() * w.z();
+        const double cross_x = u.y() * w.z() - u.z() * w.y();
+        const double cross_y = u.z() * w.x() - u.x() * w.z();
+        const double cross_z = u.x() * w.y() - u.y() * w.x();
+        return std::atan2(std::sqrt(cross_x * cross_x + cross_y * cross_y + cross_z * cross_z), dot);
+    }
 
     void turn(int p, int i, int j) {
         _reverse(p, i, j);

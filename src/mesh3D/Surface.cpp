@@ -341,11 +341,20 @@ void Surface::free_edges() {
 
 bool Surface::get_reference_direction_and_point(vmp::Vector& direction, Vertex*& point) {
     update_boundingbox();
-    const QList<geometry3D::Point*> points = vertices().GetListOfPoints();
-    geometry3D::Point* outermost = nullptr;
-    if (!outermost_vertex(points, direction, outermost))
+    const geometry3D::point centre = geometry3D::center(getBoundingbox());
+    double greatest = -1.0;
+    geometry3D::OctreeIterator walk(&vertices());
+    while (geometry3D::Point* vertex = walk.next()) {
+        const double d = geometry3D::distance2(vertex->x(), vertex->y(), vertex->z(), centre.x, centre.y, centre.z);
+        if (d > greatest) {
+            greatest = d;
+            point = static_cast<Vertex*>(vertex);
+        }
+    }
+    if (greatest < 0.0)
         return false;
-    point = static_cast<Vertex*>(outermost);
+    direction = vmp::Vector(point->x() - centre.x, point->y() - centre.y, point->z() - centre.z);
+    direction.normalize();
     return true;
 }
 
@@ -354,11 +363,13 @@ void Surface::correct_normals() {
     Vertex* point = nullptr;
     if (!get_reference_direction_and_point(direction, point))
         return;
-    correct_normals_of_triangles(direction, point);
-    correct_normals_of_polygons(direction, point);
+    const geometry3D::point centre = geometry3D::center(getBoundingbox());
+    correct_normals_of_triangles(direction, point, centre);
+    correct_normals_of_polygons(direction, point, centre);
 }
 
-void Surface::correct_normals_of_triangles(const vmp::Vector& direction, Vertex* point) {
+void Surface::correct_normals_of_triangles(const vmp::Vector& direction, Vertex* point,
+                                           const geometry3D::point& centre) {
     QList<Triangle*> all;
     allTriangles(all);
     if (all.isEmpty())
@@ -368,10 +379,11 @@ void Surface::correct_normals_of_triangles(const vmp::Vector& direction, Vertex*
     // place there; the others belong to tessellations.
     const int plain = _triangles.size();
     auto reverse = [&](int t, int i, int j) { swap_vertices(map.primitive(t), i, j, t < plain ? t : -1); };
-    ShellOrientation<Triangle, decltype(reverse)>(map, reverse).run(direction, point);
+    ShellOrientation<Triangle, decltype(reverse)>(map, reverse).run(direction, point, centre);
 }
 
-void Surface::correct_normals_of_polygons(const vmp::Vector& direction, Vertex* point) {
+void Surface::correct_normals_of_polygons(const vmp::Vector& direction, Vertex* point,
+                                          const geometry3D::point& centre) {
     if (_polygons.isEmpty())
         return;
     IncidenceMap<Polygon> map(_polygons);
@@ -380,7 +392,7 @@ void Surface::correct_normals_of_polygons(const vmp::Vector& direction, Vertex* 
         flip_normal(polygon, p);
         correct_normals_of_tessellation(polygon);
     };
-    ShellOrientation<Polygon, decltype(reverse)>(map, reverse).run(direction, point);
+    ShellOrientation<Polygon, decltype(reverse)>(map, reverse).run(direction, point, centre);
 }
 
 void Surface::correct_normals_of_tessellation(Polygon* polygon) {

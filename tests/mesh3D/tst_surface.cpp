@@ -146,6 +146,47 @@ private slots:
             QCOMPARE(surface.count_edges(), 12L);
     }
 
+    void many_shells_each_turn_outward() {
+        model::System system(false);
+        Surface surface(nullptr, &system, "s", basic::unit_m);
+        std::mt19937 random(9);
+        std::uniform_real_distribution<double> offset(-100, 100);
+        QVector<std::array<double, 3>> centres;
+        for (int i = 0; i < 400; ++i) {
+            fixtures::Mesh shell = i % 2 ? fixtures::cube() : fixtures::tetrahedron();
+            const std::array<double, 3> shift{offset(random), offset(random), offset(random)};
+            for (auto& p : shell.points)
+                for (int k = 0; k < 3; ++k)
+                    p[k] += shift[k];
+            fixtures::build(surface, shell, 0.5, i);
+            const double middle = i % 2 ? 0.5 : 0.25;
+            for (int t = 0; t < shell.triangles.size(); ++t)
+                centres.append({shift[0] + middle, shift[1] + middle, shift[2] + middle});
+        }
+        surface.correct_normals();
+        for (int t = 0; t < surface.triangles().size(); ++t)
+            QVERIFY2(fixtures::faces_away(*surface.triangles()[t], centres[t]), qPrintable(QString::number(t)));
+    }
+
+    void an_inner_shell_turns_away_from_its_own_centre() {
+        // A cavity: each shell is oriented from its own outermost corner, so the inner box, like
+        // the outer one, ends up facing away from its own centre.
+        model::System system(false);
+        Surface surface(nullptr, &system, "s", basic::unit_m);
+        fixtures::Mesh outer = fixtures::cube();
+        fixtures::Mesh inner = fixtures::cube();
+        for (auto& p : outer.points)
+            for (double& c : p)
+                c = c * 10 - 5;
+        fixtures::build(surface, outer, 0.5, 1);
+        fixtures::build(surface, inner, 0.5, 2);
+        surface.correct_normals();
+        for (const Triangle* t : surface.triangles().mid(0, 12))
+            QVERIFY(fixtures::faces_away(*t, {0, 0, 0}));
+        for (const Triangle* t : surface.triangles().mid(12))
+            QVERIFY(fixtures::faces_away(*t, {0.5, 0.5, 0.5}));
+    }
+
     void an_open_mesh_is_not_closed() {
         model::System system(false);
         Surface surface(nullptr, &system, "s", basic::unit_m);
