@@ -67,13 +67,14 @@ Figures measure(const char* what, const fixtures::Mesh& mesh, bool torus) {
             outward += fixtures::faces_out_of_torus(*triangle);
         } else {
             const auto& corner = mesh.points[mesh.triangles[t][0] / 4 * 4];
-            outward += fixtures::faces_away(*triangle, {corner[0] + 0.25, corner[1] + 0.25, corner[2] + 0.25});
+            outward +=
+                fixtures::faces_away(*triangle, {corner[0] + 0.25, corner[1] + 0.25, corner[2] + 0.25});
         }
     }
     std::printf("%s, %d triangles: correct_normals %.3f s, update_edges %.3f s, %.3f us per triangle "
                 "(update_normals %.3f us per triangle); %d outward, %ld edges\n",
-                what, count, corrected, edged, (corrected + edged) * 1e6 / count, baseline * 1e6 / count, outward,
-                surface.count_edges());
+                what, count, corrected, edged, (corrected + edged) * 1e6 / count, baseline * 1e6 / count,
+                outward, surface.count_edges());
     std::fflush(stdout);
     return Figures{baseline / count, (corrected + edged) / count};
 }
@@ -87,8 +88,8 @@ int main() {
     const Figures many = measure("100 000 tetrahedra", scattered_tetrahedra(100000), false);
     std::printf("per triangle, 400 000 against 100 000: torus %.2f, tetrahedra %.2f; "
                 "against update_normals at 400 000: torus %.1f, tetrahedra %.1f\n",
-                large.prepared / small.prepared, many.prepared / few.prepared, large.prepared / large.baseline,
-                many.prepared / many.baseline);
+                large.prepared / small.prepared, many.prepared / few.prepared,
+                large.prepared / large.baseline, many.prepared / many.baseline);
     std::printf("ratio %.2f (one shell), %.2f (a shell per 4 triangles)\n", large.prepared / small.prepared,
                 many.prepared / few.prepared);
     return 0;

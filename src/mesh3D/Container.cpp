@@ -50,7 +50,9 @@ void Container::init() {
     reset_placement();
 }
 
-void Container::take_child(Element* child) { _children.removeOne(child); }
+void Container::take_child(Element* child) {
+    _children.removeOne(child);
+}
 
 void Container::update_boundingbox() {
     _bbox = geometry3D::boundingbox();
@@ -110,7 +112,9 @@ int Container::CountObjects() const {
     return count;
 }
 
-void Container::delete_content() { delete_children(true); }
+void Container::delete_content() {
+    delete_children(true);
+}
 
 void Container::Thickness(double thickness) {
     for (Element* child : qAsConst(_children))
@@ -142,9 +146,13 @@ void Container::GenericObjects(std::list<oxaIO::IGenericObject*>* objects) {
             objects->push_back(static_cast<GenericObject*>(child));
 }
 
-std::wstring Container::ID() const { return basic::ToStdString(id()); }
+std::wstring Container::ID() const {
+    return basic::ToStdString(id());
+}
 
-std::wstring Container::Name() const { return basic::ToStdString(name()); }
+std::wstring Container::Name() const {
+    return basic::ToStdString(name());
+}
 
 ObjectType Container::m_type() const {
     const ObjectType own = TYPE_HIERARCHY | TYPE_CONTAINER | TYPE_ELEMENT;
@@ -156,11 +164,17 @@ long Container::hashcode() {
     return hash;
 }
 
-long Container::class_hashcode() const { return hashcode(); }
+long Container::class_hashcode() const {
+    return hashcode();
+}
 
-QString Container::classname() const { return QStringLiteral("mesh3D::Container"); }
+QString Container::classname() const {
+    return QStringLiteral("mesh3D::Container");
+}
 
-QString Container::info() const { return QStringLiteral("Set of objects"); }
+QString Container::info() const {
+    return QStringLiteral("Set of objects");
+}
 
 void Container::superclasses(QStringList& out) const {
     Element::superclasses(out);

@@ -15,7 +15,10 @@ namespace mesh3D {
 /// An inner node of the model tree. It owns its children, in order; a child that is destroyed
 /// elsewhere takes itself out of `children`, so the list stays right whichever end of the
 /// tree goes first. A composite container stands for one compound object of the model.
-class ZENTRA_EXPORT Container : public oxaIO::IContainer, public Element, public HierarchyElement, public Placement {
+class ZENTRA_EXPORT Container : public oxaIO::IContainer,
+                                public Element,
+                                public HierarchyElement,
+                                public Placement {
 public:
     Container(Container* parent, model::System* system);
     /// The system is the parent's.

@@ -15,20 +15,30 @@ Element::Element(const Element& other) : model::Object(other), _name(other._name
 
 void Element::Thickness(double) {}
 
-ObjectType Element::m_type() const { return TYPE_ELEMENT; }
+ObjectType Element::m_type() const {
+    return TYPE_ELEMENT;
+}
 
-void Element::init() { _name = id(); }
+void Element::init() {
+    _name = id();
+}
 
 long Element::hashcode() {
     static const long hash = basic::hash_text(QStringLiteral("mesh3D::Element"));
     return hash;
 }
 
-long Element::class_hashcode() const { return hashcode(); }
+long Element::class_hashcode() const {
+    return hashcode();
+}
 
-QString Element::classname() const { return QStringLiteral("mesh3D::Element"); }
+QString Element::classname() const {
+    return QStringLiteral("mesh3D::Element");
+}
 
-QString Element::info() const { return QStringLiteral("Abstract base class"); }
+QString Element::info() const {
+    return QStringLiteral("Abstract base class");
+}
 
 void Element::superclasses(QStringList& out) const {
     model::Object::superclasses(out);

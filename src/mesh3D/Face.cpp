@@ -17,9 +17,13 @@ void Face::Add(Polygon* polygon) {
     _polygons.append(polygon);
 }
 
-void Face::Remove(Triangle* triangle) { _triangles.removeAll(triangle); }
+void Face::Remove(Triangle* triangle) {
+    _triangles.removeAll(triangle);
+}
 
-void Face::Remove(Polygon* polygon) { _polygons.removeAll(polygon); }
+void Face::Remove(Polygon* polygon) {
+    _polygons.removeAll(polygon);
+}
 
 void Face::Triangles(std::list<oxaIO::ITriangle*>* triangles) const {
     for (Triangle* triangle : _triangles)

@@ -21,20 +21,30 @@ void GenericObject::Parent(Container* parent) {
         _parent = parent;
 }
 
-std::wstring GenericObject::ID() const { return basic::ToStdString(id()); }
+std::wstring GenericObject::ID() const {
+    return basic::ToStdString(id());
+}
 
-std::wstring GenericObject::Name() const { return basic::ToStdString(name()); }
+std::wstring GenericObject::Name() const {
+    return basic::ToStdString(name());
+}
 
-ObjectType GenericObject::m_type() const { return TYPE_GENERIC_OBJECT | TYPE_ELEMENT; }
+ObjectType GenericObject::m_type() const {
+    return TYPE_GENERIC_OBJECT | TYPE_ELEMENT;
+}
 
 long GenericObject::hashcode() {
     static const long hash = basic::hash_text(QStringLiteral("mesh3D::GenericObject"));
     return hash;
 }
 
-long GenericObject::class_hashcode() const { return hashcode(); }
+long GenericObject::class_hashcode() const {
+    return hashcode();
+}
 
-QString GenericObject::classname() const { return QStringLiteral("mesh3D::GenericObject"); }
+QString GenericObject::classname() const {
+    return QStringLiteral("mesh3D::GenericObject");
+}
 
 void GenericObject::superclasses(QStringList& out) const {
     Element::superclasses(out);

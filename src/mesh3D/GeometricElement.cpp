@@ -78,13 +78,21 @@ void GeometricElement::remove(Vertex* vertex) {
 
 void GeometricElement::update_edges(double) {}
 
-void GeometricElement::SetEps(double eps) { _eps = eps * eps; }
+void GeometricElement::SetEps(double eps) {
+    _eps = eps * eps;
+}
 
-void GeometricElement::SetPrec(int precision) { _prec = precision; }
+void GeometricElement::SetPrec(int precision) {
+    _prec = precision;
+}
 
-double GeometricElement::Eps() { return _eps; }
+double GeometricElement::Eps() {
+    return _eps;
+}
 
-int GeometricElement::Prec() { return _prec; }
+int GeometricElement::Prec() {
+    return _prec;
+}
 
 void GeometricElement::update_boundingbox() {
     _bbox = geometry3D::boundingbox();
@@ -139,18 +147,26 @@ const QVector<model::mapCoordsType>* GeometricElement::mapping_coordinates_if_an
     return found == table.constEnd() ? nullptr : &found.value();
 }
 
-ObjectType GeometricElement::m_type() const { return TYPE_HIERARCHY | TYPE_GEOMETRIC_ELEMENT | TYPE_ELEMENT; }
+ObjectType GeometricElement::m_type() const {
+    return TYPE_HIERARCHY | TYPE_GEOMETRIC_ELEMENT | TYPE_ELEMENT;
+}
 
 long GeometricElement::hashcode() {
     static const long hash = basic::hash_text(QStringLiteral("mesh3D::GeometricElement"));
     return hash;
 }
 
-long GeometricElement::class_hashcode() const { return hashcode(); }
+long GeometricElement::class_hashcode() const {
+    return hashcode();
+}
 
-QString GeometricElement::classname() const { return QStringLiteral("mesh3D::GeometricElement"); }
+QString GeometricElement::classname() const {
+    return QStringLiteral("mesh3D::GeometricElement");
+}
 
-QString GeometricElement::info() const { return QStringLiteral("Geometric element such as surface, lines, etc."); }
+QString GeometricElement::info() const {
+    return QStringLiteral("Geometric element such as surface, lines, etc.");
+}
 
 void GeometricElement::superclasses(QStringList& out) const {
     Element::superclasses(out);

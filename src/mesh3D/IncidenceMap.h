@@ -10,8 +10,12 @@
 
 namespace mesh3D {
 
-inline int corner_count(const Triangle&) { return 3; }
-inline int corner_count(const Polygon& polygon) { return polygon.count_points(); }
+inline int corner_count(const Triangle&) {
+    return 3;
+}
+inline int corner_count(const Polygon& polygon) {
+    return polygon.count_points();
+}
 
 /// For one call of a mesh algorithm: which primitives use each vertex, in the order of the
 /// primitive list. Vertices and primitives are numbered so that the lists are flat arrays;
@@ -90,6 +94,7 @@ public:
     }
     /// The number of vertices whose list is not empty.
     int filled() const { return _filled; }
+
 private:
     int number(geometry3D::Point* point) {
         if (!point)

@@ -25,11 +25,15 @@ QHash<model::System*, mesh3D::QSColumnMaterial*>& material_columns() {
     return columns;
 }
 
-oxaIO::VColor4 to_vcolor(const basic::color4& c) { return oxaIO::VColor4{c.r, c.g, c.b, c.a}; }
+oxaIO::VColor4 to_vcolor(const basic::color4& c) {
+    return oxaIO::VColor4{c.r, c.g, c.b, c.a};
+}
 
 } // namespace
 
-Material::Material(model::System* system) : Element(system) { init(); }
+Material::Material(model::System* system) : Element(system) {
+    init();
+}
 
 Material::Material(model::System* system, const QString& id, const QString& name)
     : Element(system, id), _material_name(name) {
@@ -71,19 +75,33 @@ QHash<GeometricElement*, QVector<model::mapCoordsType>>& Material::mapping_coord
     return system()->mapping_coordinates();
 }
 
-std::wstring Material::ID() const { return basic::ToStdString(id()); }
+std::wstring Material::ID() const {
+    return basic::ToStdString(id());
+}
 
-std::wstring Material::Name() const { return basic::ToStdString(_material_name); }
+std::wstring Material::Name() const {
+    return basic::ToStdString(_material_name);
+}
 
-oxaIO::VColor4 Material::Diffuse() const { return to_vcolor(_diffuse); }
+oxaIO::VColor4 Material::Diffuse() const {
+    return to_vcolor(_diffuse);
+}
 
-oxaIO::VColor4 Material::Specular() const { return to_vcolor(_specular); }
+oxaIO::VColor4 Material::Specular() const {
+    return to_vcolor(_specular);
+}
 
-oxaIO::VColor4 Material::Ambient() const { return to_vcolor(_ambient); }
+oxaIO::VColor4 Material::Ambient() const {
+    return to_vcolor(_ambient);
+}
 
-double Material::Transparency() const { return _transparency; }
+double Material::Transparency() const {
+    return _transparency;
+}
 
-std::wstring Material::TextureFileName() const { return basic::ToStdString(_texture_filename); }
+std::wstring Material::TextureFileName() const {
+    return basic::ToStdString(_texture_filename);
+}
 
 Material* Material::GetGlobalMaterial(model::System* system, const QString& id, const QString& name) {
     MaterialTable*& table = global_materials()[system];
@@ -124,22 +142,34 @@ mesh3D::QSColumnMaterial* Material::existing_column(model::System* system) {
     return material_columns().value(system);
 }
 
-void Material::DeleteGlobalQSColumnMaterial(model::System* system) { delete material_columns().take(system); }
+void Material::DeleteGlobalQSColumnMaterial(model::System* system) {
+    delete material_columns().take(system);
+}
 
-mesh3D::QSColumnMaterial* Material::qs_column() const { return QSColumnMaterial(system()); }
+mesh3D::QSColumnMaterial* Material::qs_column() const {
+    return QSColumnMaterial(system());
+}
 
-ObjectType Material::m_type() const { return TYPE_MATERIAL | TYPE_ELEMENT; }
+ObjectType Material::m_type() const {
+    return TYPE_MATERIAL | TYPE_ELEMENT;
+}
 
 long Material::hashcode() {
     static const long hash = basic::hash_text(QStringLiteral("mesh3D::Material"));
     return hash;
 }
 
-long Material::class_hashcode() const { return hashcode(); }
+long Material::class_hashcode() const {
+    return hashcode();
+}
 
-QString Material::classname() const { return QStringLiteral("mesh3D::Material"); }
+QString Material::classname() const {
+    return QStringLiteral("mesh3D::Material");
+}
 
-QString Material::info() const { return QStringLiteral("Material"); }
+QString Material::info() const {
+    return QStringLiteral("Material");
+}
 
 void Material::superclasses(QStringList& out) const {
     Element::superclasses(out);

@@ -29,17 +29,29 @@ Object3D::Object3D(const Surface& surface) : Surface(surface) {}
 
 Object3D::Object3D(const Object3D& other) : Object3D(static_cast<const Surface&>(other)) {}
 
-void Object3D::Negative(bool negative) { _negative = negative; }
+void Object3D::Negative(bool negative) {
+    _negative = negative;
+}
 
-std::wstring Object3D::ID() const { return basic::ToStdString(id()); }
+std::wstring Object3D::ID() const {
+    return basic::ToStdString(id());
+}
 
-std::wstring Object3D::Name() const { return basic::ToStdString(name()); }
+std::wstring Object3D::Name() const {
+    return basic::ToStdString(name());
+}
 
-std::wstring Object3D::RefID() const { return basic::ToStdString(_ref_id); }
+std::wstring Object3D::RefID() const {
+    return basic::ToStdString(_ref_id);
+}
 
-const oxaIO::IMaterial* Object3D::Material() const { return material(); }
+const oxaIO::IMaterial* Object3D::Material() const {
+    return material();
+}
 
-const oxaIO::IOBB* Object3D::OOBB() const { return OptOBB(); }
+const oxaIO::IOBB* Object3D::OOBB() const {
+    return OptOBB();
+}
 
 void Object3D::OOBB(const oxaIO::IOBB& box) {
     geometry3D::OBB stored;
@@ -86,16 +98,22 @@ void Object3D::Vertices(std::list<oxaIO::IVertex*>* out) const {
         out->push_back(static_cast<Vertex*>(vertex));
 }
 
-ObjectType Object3D::m_type() const { return Surface::m_type() | TYPE_OBJECT3D; }
+ObjectType Object3D::m_type() const {
+    return Surface::m_type() | TYPE_OBJECT3D;
+}
 
 long Object3D::hashcode() {
     static const long hash = basic::hash_text(QStringLiteral("mesh3D::Object3D"));
     return hash;
 }
 
-long Object3D::class_hashcode() const { return hashcode(); }
+long Object3D::class_hashcode() const {
+    return hashcode();
+}
 
-QString Object3D::classname() const { return QStringLiteral("mesh3D::Object3D"); }
+QString Object3D::classname() const {
+    return QStringLiteral("mesh3D::Object3D");
+}
 
 void Object3D::superclasses(QStringList& out) const {
     Surface::superclasses(out);

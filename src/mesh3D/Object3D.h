@@ -11,7 +11,8 @@ namespace mesh3D {
 /// for objects that subtract from others. This is what a document's object becomes.
 class ZENTRA_EXPORT Object3D : public Surface, public oxaIO::IObject3D {
 public:
-    Object3D(Container* parent, model::System* system, const QString& id, basic::unit unit, const QString& name);
+    Object3D(Container* parent, model::System* system, const QString& id, basic::unit unit,
+             const QString& name);
     /// The system is the parent's.
     Object3D(Container* parent, const QString& id, basic::unit unit, const QString& name);
     /// Copies as a surface copy does: same parent, unit and material, no geometry.

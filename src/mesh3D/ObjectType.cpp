@@ -5,10 +5,11 @@
 namespace mesh3D {
 
 QString object_type_text(ObjectType mask) {
-    static const char* const names[16] = {"Element", "Container",     "GeometricElement", "Material",
-                                          "Model",   "Block",         "Surface",          "Vertex",
-                                          "Triangle", "Light",        "Polygon",          "Object2D",
-                                          "Object3D", "GenericObject", "HRef",            "Composite"};
+    static const char* const names[16] = {
+        "Element",  "Container", "GeometricElement", "Material",      "Model",
+        "Block",    "Surface",   "Vertex",           "Triangle",      "Light",
+        "Polygon",  "Object2D",  "Object3D",         "GenericObject", "HRef",
+        "Composite"};
     QStringList set;
     for (int bit = 0; bit < 16; ++bit)
         if (mask & (ObjectType(1) << bit))

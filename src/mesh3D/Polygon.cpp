@@ -7,18 +7,26 @@
 
 namespace mesh3D {
 
-Polygon::~Polygon() { DeleteTessellation(); }
+Polygon::~Polygon() {
+    DeleteTessellation();
+}
 
-mesh3D::Vertex* Polygon::vertex(int i) const { return static_cast<mesh3D::Vertex*>(point(i)); }
+mesh3D::Vertex* Polygon::vertex(int i) const {
+    return static_cast<mesh3D::Vertex*>(point(i));
+}
 
-const oxaIO::IVertex* Polygon::Vertex(int index) const { return vertex(index); }
+const oxaIO::IVertex* Polygon::Vertex(int index) const {
+    return vertex(index);
+}
 
 void Polygon::update_normal() {
     const vmp::Vector n = calc_normal();
     _normal = geometry3D::point{n[0], n[1], n[2]};
 }
 
-void Polygon::reverse_normal() { _normal = geometry3D::point{-_normal.x, -_normal.y, -_normal.z}; }
+void Polygon::reverse_normal() {
+    _normal = geometry3D::point{-_normal.x, -_normal.y, -_normal.z};
+}
 
 bool Polygon::IsPlanar(double eps) {
     const int n = count_points();
@@ -64,7 +72,9 @@ void Polygon::DeleteTessellation() {
     _tessellation.clear();
 }
 
-void Polygon::UpdateTessellation() { DeleteTessellation(); }
+void Polygon::UpdateTessellation() {
+    DeleteTessellation();
+}
 
 void Polygon::Tessellation(std::list<oxaIO::ITriangle*>* triangles) const {
     for (Triangle* triangle : _tessellation)

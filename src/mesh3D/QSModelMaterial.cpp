@@ -10,13 +10,17 @@ namespace mesh3D {
 
 namespace {
 
-QString colour_text(const basic::color4& c) { return QString::asprintf("[%.2f/%.2f/%.2f]", c.r, c.g, c.b); }
+QString colour_text(const basic::color4& c) {
+    return QString::asprintf("[%.2f/%.2f/%.2f]", c.r, c.g, c.b);
+}
 
 } // namespace
 
 QSModelMaterial::QSModelMaterial(QSColumnMaterial* column) : model::QSModelObject(column) {}
 
-int QSModelMaterial::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : 8; }
+int QSModelMaterial::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : 8;
+}
 
 QVariant QSModelMaterial::headerData(int section, Qt::Orientation orientation, int role) const {
     static const char* const titles[8] = {"Name",           "Transparency",    "Shininess", "Color: diffuse",

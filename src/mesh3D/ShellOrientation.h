@@ -39,7 +39,8 @@ public:
         std::vector<std::pair<double, int>> by_distance(_map.vertex_count());
         for (int v = 0; v < _map.vertex_count(); ++v) {
             const geometry3D::Point* p = _map.vertex(v);
-            by_distance[v] = {-geometry3D::distance2(p->x(), p->y(), p->z(), centre.x, centre.y, centre.z), v};
+            by_distance[v] = {-geometry3D::distance2(p->x(), p->y(), p->z(), centre.x, centre.y, centre.z),
+                              v};
         }
         std::sort(by_distance.begin(), by_distance.end());
         std::size_t next = 0;
@@ -123,8 +124,8 @@ private:
 
     /// The points before and after `corner` in the primitive's order, passing over repeats of
     /// the corner itself (a polygon may close on its first point).
-    static void neighbours_at(const Primitive& primitive, const geometry3D::Point* corner, geometry3D::Point*& before,
-                              geometry3D::Point*& after) {
+    static void neighbours_at(const Primitive& primitive, const geometry3D::Point* corner,
+                              geometry3D::Point*& before, geometry3D::Point*& after) {
         const int n = corner_count(primitive);
         const int c = primitive.point_index(corner);
         if (c < 0)
@@ -137,7 +138,8 @@ private:
                 before = primitive.point((c + n - step) % n);
     }
 
-    static double angle_at(const geometry3D::Point& corner, const geometry3D::Point& a, const geometry3D::Point& b) {
+    static double angle_at(const geometry3D::Point& corner, const geometry3D::Point& a,
+                           const geometry3D::Point& b) {
         const geometry3D::Point u = a - corner;
         const geometry3D::Point w = b - corner;
         const double dot = u.x() * w.x() + u.y() * w.y() + u.z() * w.z();

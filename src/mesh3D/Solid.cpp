@@ -4,11 +4,17 @@
 
 namespace mesh3D {
 
-Solid::~Solid() { qDeleteAll(_faces); }
+Solid::~Solid() {
+    qDeleteAll(_faces);
+}
 
-void Solid::Add(Face* face) { _faces.append(face); }
+void Solid::Add(Face* face) {
+    _faces.append(face);
+}
 
-void Solid::Remove(Face* face) { _faces.removeAll(face); }
+void Solid::Remove(Face* face) {
+    _faces.removeAll(face);
+}
 
 void Solid::Faces(std::list<oxaIO::IFace*>* faces) const {
     for (Face* face : _faces)

@@ -40,7 +40,8 @@ QHash<model::System*, model::QSColumnObject*>& surface_columns() {
 
 double cosine(const geometry3D::point& a, const geometry3D::point& b) {
     const double dot = a.x * b.x + a.y * b.y + a.z * b.z;
-    return dot / (std::sqrt(a.x * a.x + a.y * a.y + a.z * a.z) * std::sqrt(b.x * b.x + b.y * b.y + b.z * b.z));
+    return dot /
+           (std::sqrt(a.x * a.x + a.y * a.y + a.z * a.z) * std::sqrt(b.x * b.x + b.y * b.y + b.z * b.z));
 }
 
 /// Takes every occurrence of `item` out of `list` and deletes it.
@@ -129,17 +130,29 @@ void Surface::add(Polygon* polygon) {
     _polygons.append(polygon);
 }
 
-void Surface::add(Face* face) { _faces.append(face); }
+void Surface::add(Face* face) {
+    _faces.append(face);
+}
 
-void Surface::add(Solid* solid) { _solids.append(solid); }
+void Surface::add(Solid* solid) {
+    _solids.append(solid);
+}
 
-void Surface::remove(Triangle* triangle) { remove_and_delete(_triangles, triangle); }
+void Surface::remove(Triangle* triangle) {
+    remove_and_delete(_triangles, triangle);
+}
 
-void Surface::remove(Polygon* polygon) { remove_and_delete(_polygons, polygon); }
+void Surface::remove(Polygon* polygon) {
+    remove_and_delete(_polygons, polygon);
+}
 
-void Surface::remove(Face* face) { remove_and_delete(_faces, face); }
+void Surface::remove(Face* face) {
+    remove_and_delete(_faces, face);
+}
 
-void Surface::remove(Solid* solid) { remove_and_delete(_solids, solid); }
+void Surface::remove(Solid* solid) {
+    remove_and_delete(_solids, solid);
+}
 
 void Surface::allTriangles(QList<Triangle*>& out) const {
     out = _triangles;
@@ -167,9 +180,13 @@ void Surface::material(Material* material, bool temporary_keep) {
     link_material_item(true);
 }
 
-QString Surface::material_ID() const { return _material ? _material->id() : QString(""); }
+QString Surface::material_ID() const {
+    return _material ? _material->id() : QString("");
+}
 
-void Surface::SetEmptyMaterial() { material(Material::Dummy(system()), false); }
+void Surface::SetEmptyMaterial() {
+    material(Material::Dummy(system()), false);
+}
 
 Material* Surface::source_material() const {
     const SourceTable* sources = source_tables().value(system());
@@ -213,7 +230,9 @@ model::QSColumnObject* Surface::QSColumnObject(model::System* system) {
     return column;
 }
 
-model::QSColumnObject* Surface::qs_column() const { return QSColumnObject(system()); }
+model::QSColumnObject* Surface::qs_column() const {
+    return QSColumnObject(system());
+}
 
 void Surface::DeleteGlobalQSColumnObject(model::System* system) {
     model::QSColumnObject* column = surface_columns().take(system);
@@ -345,7 +364,8 @@ bool Surface::get_reference_direction_and_point(vmp::Vector& direction, Vertex*&
     double greatest = -1.0;
     geometry3D::OctreeIterator walk(&vertices());
     while (geometry3D::Point* vertex = walk.next()) {
-        const double d = geometry3D::distance2(vertex->x(), vertex->y(), vertex->z(), centre.x, centre.y, centre.z);
+        const double d =
+            geometry3D::distance2(vertex->x(), vertex->y(), vertex->z(), centre.x, centre.y, centre.z);
         if (d > greatest) {
             greatest = d;
             point = static_cast<Vertex*>(vertex);
@@ -434,7 +454,9 @@ void Surface::swap_mapping_coordinates(int index, int i, int j) {
         std::swap(coordinates[a], coordinates[b]);
 }
 
-void Surface::flip_normal(Polygon* polygon) { flip_normal(polygon, _polygons.indexOf(polygon)); }
+void Surface::flip_normal(Polygon* polygon) {
+    flip_normal(polygon, _polygons.indexOf(polygon));
+}
 
 void Surface::flip_normal(Polygon* polygon, int index) {
     const int n = polygon->count_points();
@@ -490,18 +512,26 @@ bool Surface::is_closed_mesh() {
     return true;
 }
 
-ObjectType Surface::m_type() const { return GeometricElement::m_type() | TYPE_SURFACE; }
+ObjectType Surface::m_type() const {
+    return GeometricElement::m_type() | TYPE_SURFACE;
+}
 
 long Surface::hashcode() {
     static const long hash = basic::hash_text(QStringLiteral("mesh3D::Surface"));
     return hash;
 }
 
-long Surface::class_hashcode() const { return hashcode(); }
+long Surface::class_hashcode() const {
+    return hashcode();
+}
 
-QString Surface::classname() const { return QStringLiteral("mesh3D::Surface"); }
+QString Surface::classname() const {
+    return QStringLiteral("mesh3D::Surface");
+}
 
-QString Surface::info() const { return QStringLiteral("3D-Surface of an element"); }
+QString Surface::info() const {
+    return QStringLiteral("3D-Surface of an element");
+}
 
 void Surface::superclasses(QStringList& out) const {
     GeometricElement::superclasses(out);

@@ -142,8 +142,10 @@ private:
     /// columns exist.
     void link_material_item(bool linked);
     /// Orients each shell from its vertex farthest from `centre`, the first from `point`.
-    void correct_normals_of_triangles(const vmp::Vector& direction, Vertex* point, const geometry3D::point& centre);
-    void correct_normals_of_polygons(const vmp::Vector& direction, Vertex* point, const geometry3D::point& centre);
+    void correct_normals_of_triangles(const vmp::Vector& direction, Vertex* point,
+                                      const geometry3D::point& centre);
+    void correct_normals_of_polygons(const vmp::Vector& direction, Vertex* point,
+                                     const geometry3D::point& centre);
     /// Turns the tessellation triangles to face the way of the polygon's normal.
     void correct_normals_of_tessellation(Polygon* polygon);
     /// `index` is the place in the primitive list, -1 for none.

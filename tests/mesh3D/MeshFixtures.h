@@ -31,7 +31,8 @@ inline Mesh cube(double dx = 0.0) {
     Mesh mesh;
     for (int i = 0; i < 8; ++i)
         mesh.points.append({dx + (i & 1), double((i >> 1) & 1), double((i >> 2) & 1)});
-    const int quads[6][4] = {{0, 2, 3, 1}, {4, 5, 7, 6}, {0, 1, 5, 4}, {2, 6, 7, 3}, {0, 4, 6, 2}, {1, 3, 7, 5}};
+    const int quads[6][4] = {{0, 2, 3, 1}, {4, 5, 7, 6}, {0, 1, 5, 4},
+                             {2, 6, 7, 3}, {0, 4, 6, 2}, {1, 3, 7, 5}};
     for (const auto& q : quads) {
         mesh.triangles.append({q[0], q[1], q[2]});
         mesh.triangles.append({q[0], q[2], q[3]});
@@ -100,7 +101,8 @@ inline bool faces_away(const mesh3D::Triangle& t, const std::array<double, 3>& c
     const auto n = winding_normal(t);
     double dot = 0;
     for (int k = 0; k < 3; ++k) {
-        const double centroid = (t.point(0)->operator[](k) + t.point(1)->operator[](k) + t.point(2)->operator[](k)) / 3;
+        const double centroid =
+            (t.point(0)->operator[](k) + t.point(1)->operator[](k) + t.point(2)->operator[](k)) / 3;
         dot += n[k] * (centroid - centre[k]);
     }
     return dot > 0;

@@ -1,9 +1,9 @@
 #include "mesh3D/Material.h"
 #include "mesh3D/QSColumnMaterial.h"
 #include "mesh3D/Surface.h"
+#include "model/Primitive.h"
 #include "model/QSColumnObject.h"
 #include "model/QSItemObject.h"
-#include "model/Primitive.h"
 #include "model/System.h"
 
 #include <QtTest>
@@ -130,7 +130,8 @@ private slots:
             QCOMPARE(table->index(row2, 0).data().toString(), QString("Glass"));
             QCOMPARE(table->index(row2, 1).data().toString(), QString("0.75"));
             QCOMPARE(table->index(row2, 3).data().toString(), QString("[0.50/0.25/1.00]"));
-            QCOMPARE(table->index(row2, 3).data(Qt::BackgroundRole).value<QColor>(), QColor(127, 63, 255, 255));
+            QCOMPARE(table->index(row2, 3).data(Qt::BackgroundRole).value<QColor>(),
+                     QColor(127, 63, 255, 255));
             QVERIFY(!table->index(row2, 0).data(Qt::BackgroundRole).isValid());
             QVERIFY(!table->index(row2, 0).data(Qt::FontRole).isValid());
 
@@ -150,7 +151,8 @@ private slots:
             QCOMPARE(surfaces->active(), 1);
             QCOMPARE(static_cast<model::QSItemObject*>(surfaces->items().first())->object(),
                      static_cast<model::Object*>(&c));
-            QVERIFY(!table->index(materials->index(materials->value(m1)), 3).data(Qt::BackgroundRole).isNull());
+            QVERIFY(
+                !table->index(materials->index(materials->value(m1)), 3).data(Qt::BackgroundRole).isNull());
             materials->clear_selection();
             QCOMPARE(materials->matches("Gl*"), QList<int>{materials->index(materials->value(m2))});
             QCOMPARE(materials->matches("0.75").size(), 1);

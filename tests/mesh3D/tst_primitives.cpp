@@ -33,7 +33,8 @@ private slots:
         QTest::newRow("open three, unchecked") << QVector<QVector3D>{a, b, c} << 1 << 2 << false;
         QTest::newRow("closed square") << QVector<QVector3D>{a, b, c, d, a} << 0 << 2 << true;
         QTest::newRow("closed, bent") << QVector<QVector3D>{a, b, c, up, a} << 0 << 1 << true;
-        QTest::newRow("nearly closed") << QVector<QVector3D>{a, b, c, d, QVector3D(0.001f, 0, 0)} << 0 << 2 << true;
+        QTest::newRow("nearly closed")
+            << QVector<QVector3D>{a, b, c, d, QVector3D(0.001f, 0, 0)} << 0 << 2 << true;
     }
     void polyline_types() {
         QFETCH(QVector<QVector3D>, points);

@@ -73,8 +73,9 @@ private slots:
                 const triangle_edges* record = surface.edges()[i];
                 const Triangle* t = record->triangle;
                 for (int e = 0; e < 3; ++e)
-                    if ((record->flags & (1 << e)) && t->point(e)->z() == 0 && t->point((e + 1) % 3)->z() == 0 &&
-                        t->point(e)->y() == 0 && t->point((e + 1) % 3)->y() == 0)
+                    if ((record->flags & (1 << e)) && t->point(e)->z() == 0 &&
+                        t->point((e + 1) % 3)->z() == 0 && t->point(e)->y() == 0 &&
+                        t->point((e + 1) % 3)->y() == 0)
                         ++shared;
             }
             QCOMPARE(shared, edges - 4);
@@ -120,7 +121,8 @@ private slots:
         } else {
             shells << fixtures::cube() << (shape == 2 ? fixtures::cube(5.0) : fixtures::tetrahedron(-4.0));
             centres << std::array<double, 3>{0.5, 0.5, 0.5}
-                    << (shape == 2 ? std::array<double, 3>{5.5, 0.5, 0.5} : std::array<double, 3>{-3.75, 0.25, 0.25});
+                    << (shape == 2 ? std::array<double, 3>{5.5, 0.5, 0.5}
+                                   : std::array<double, 3>{-3.75, 0.25, 0.25});
         }
         int flips = 0;
         for (const auto& shell : shells)
@@ -165,7 +167,8 @@ private slots:
         }
         surface.correct_normals();
         for (int t = 0; t < surface.triangles().size(); ++t)
-            QVERIFY2(fixtures::faces_away(*surface.triangles()[t], centres[t]), qPrintable(QString::number(t)));
+            QVERIFY2(fixtures::faces_away(*surface.triangles()[t], centres[t]),
+                     qPrintable(QString::number(t)));
     }
 
     void an_inner_shell_turns_away_from_its_own_centre() {
@@ -218,7 +221,8 @@ private slots:
         QVector<Vertex*> v;
         for (const auto& p : box.points)
             v << surface.add(new Vertex(p[0], p[1], p[2]));
-        const int quads[6][4] = {{0, 2, 3, 1}, {4, 5, 7, 6}, {0, 1, 5, 4}, {2, 6, 7, 3}, {0, 4, 6, 2}, {1, 3, 7, 5}};
+        const int quads[6][4] = {{0, 2, 3, 1}, {4, 5, 7, 6}, {0, 1, 5, 4},
+                                 {2, 6, 7, 3}, {0, 4, 6, 2}, {1, 3, 7, 5}};
         for (int q = 0; q < 6; ++q) {
             int corner[4];
             for (int k = 0; k < 4; ++k)
@@ -283,8 +287,9 @@ private slots:
         QHash<Triangle*, double> tag;
         for (int i = 0; i < 3; ++i) {
             const double s = sizes[i];
-            auto* t = new Triangle(surface.add(new Vertex(10 * i, 0, 0)), surface.add(new Vertex(10 * i + s, 0, 0)),
-                                   surface.add(new Vertex(10 * i, s, 0)));
+            auto* t =
+                new Triangle(surface.add(new Vertex(10 * i, 0, 0)), surface.add(new Vertex(10 * i + s, 0, 0)),
+                             surface.add(new Vertex(10 * i, s, 0)));
             surface.add(t);
             tag.insert(t, s);
             for (int c = 0; c < 3; ++c)
