@@ -1,6 +1,8 @@
 #include "MeshFixtures.h"
 #include "support/OutputCapture.h"
 
+#include "geometry/OBB.h"
+#include "geometry/OBB2D.h"
 #include "geometry/Octree.h"
 #include "mesh3D/Container.h"
 #include "mesh3D/GenericObject.h"
@@ -210,6 +212,35 @@ private slots:
         QCOMPARE(surface.vertices().eps(), 1e-8);
         Surface fine(nullptr, &system, "fine", basic::unit_m);
         QCOMPARE(fine.vertices().eps(), 1e-8);
+    }
+
+    void oriented_boxes_and_frames() {
+        model::System system(false);
+        Surface surface(nullptr, &system, "s", basic::unit_m);
+        fixtures::Mesh box = fixtures::cube();
+        for (auto& p : box.points) {
+            p[0] *= 4;
+            p[1] *= 2;
+        }
+        fixtures::build(surface, box, 0.0);
+        QVERIFY(!surface.OptOBB());
+        const geometry3D::OBB* best = surface.CalcOptOBB();
+        QCOMPARE(surface.OptOBB(), best);
+        // The search ends in a cell of angles around the best, not on it.
+        QVERIFY(qAbs(std::abs(best->CalcVolume()) - 8.0) < 0.01);
+        const geometry3D::OBB plain = surface.CalcOBB(0, 0, 0);
+        QVERIFY(qAbs(std::abs(plain.CalcVolume()) - 8.0) < 1e-9);
+
+        geometry3D::OBB frame;
+        frame.origin(1, 2, 3);
+        surface.LocalOrigin(&frame);
+        QCOMPARE(surface.LocalOrigin()->origin()[2], 3.0);
+        surface.LocalOrigin(nullptr);
+        QVERIFY(!surface.LocalOrigin());
+        geometry2D::OBB plan;
+        surface.OOBBxy(plan);
+        QVERIFY(surface.OOBBxy());
+        QCOMPARE(surface.OOBBxy()->CalcArea(), plan.CalcArea());
     }
 
     void placement_and_copies() {

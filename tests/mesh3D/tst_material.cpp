@@ -27,6 +27,10 @@ private slots:
         auto* outside = new Material(&system, "m2", "Glass");
         QCOMPARE(Material::GetGlobalMaterial(&system, "m2", "Other"), outside);
 
+        // An identifier that another kind of object holds gives no material.
+        model::Object stranger(&system, "taken");
+        QVERIFY(!Material::GetGlobalMaterial(&system, "taken", "Brick"));
+
         model::System other(false);
         QVERIFY(Material::GetGlobalMaterial(&other, "m1", "Concrete") != first);
 
