@@ -18,6 +18,16 @@ const std::wstring tokenSeparators = L" \r\t\n";
 
 constexpr int anyParent = -1;
 
+/// Exact comparison of two short names; cheaper inline than a library call per attribute.
+inline bool SameName(const wchar_t* a, const wchar_t* b)
+{
+    while (*a && *a == *b) {
+        ++a;
+        ++b;
+    }
+    return *a == *b;
+}
+
 /// Finds the values of `names` in one walk over the attributes; an unknown attribute is
 /// ignored and a repeated one overwrites the earlier. Values not present stay null.
 template <std::size_t N>
@@ -28,7 +38,7 @@ void FindValues(CXMLSaxAttribut** attributes, const wchar_t* const (&names)[N], 
     for (CXMLSaxAttribut** attribute = attributes; *attribute; ++attribute) {
         const wchar_t* name = (*attribute)->Name();
         for (std::size_t i = 0; i < N; ++i) {
-            if (std::wcscmp(name, names[i]) == 0) {
+            if (SameName(name, names[i])) {
                 values[i] = (*attribute)->Value();
                 break;
             }
@@ -205,7 +215,7 @@ const OxaReader::ElementRule* OxaReader::FindRule(const wchar_t* name)
         {L"msgSet", esMsgSet, {esMsgInfo, 0, 0, 0}},
     };
     for (const ElementRule& rule : rules)
-        if (std::wcscmp(name, rule.name) == 0)
+        if (SameName(name, rule.name))
             return &rule;
     return nullptr;
 }

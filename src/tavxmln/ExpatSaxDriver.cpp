@@ -141,41 +141,57 @@ template <typename Event> void ExpatSaxDriver::Deliver(Event&& event)
     }
 }
 
-std::size_t ExpatSaxDriver::Widen(const char* text, std::size_t length)
+std::size_t ExpatSaxDriver::Widen(std::vector<wchar_t>& target, const char* text, std::size_t length,
+                                  bool terminate)
 {
-    const std::size_t start = arena.size();
+    const std::size_t start = target.size();
+    // A wide text never has more characters than its UTF-8 form has bytes.
+    target.resize(start + length + 1);
+    wchar_t* out = target.data() + start;
     const auto* p = reinterpret_cast<const unsigned char*>(text);
     const auto* end = p + length;
     while (p < end) {
         if (*p < 0x80) {
-            arena.push_back(wchar_t(*p++));
+            *out++ = wchar_t(*p++);
             continue;
         }
         const char32_t c = DecodeUtf8(p);
         if (sizeof(wchar_t) == 2 && c > 0xFFFF) {
-            arena.push_back(wchar_t(0xD800 + ((c - 0x10000) >> 10)));
-            arena.push_back(wchar_t(0xDC00 + ((c - 0x10000) & 0x3FF)));
+            *out++ = wchar_t(0xD800 + ((c - 0x10000) >> 10));
+            *out++ = wchar_t(0xDC00 + ((c - 0x10000) & 0x3FF));
         } else {
-            arena.push_back(wchar_t(c));
+            *out++ = wchar_t(c);
         }
     }
-    arena.push_back(L'\0');
+    if (terminate)
+        *out++ = L'\0';
+    target.resize(std::size_t(out - target.data()));
     return start;
 }
 
 std::size_t ExpatSaxDriver::Widen(const char* text)
 {
-    return Widen(text, std::strlen(text));
+    // Names and values are short: one pass that copies ASCII and stops at the end, instead of
+    // measuring the text first.
+    const std::size_t start = arena.size();
+    const char* p = text;
+    while (*p && static_cast<unsigned char>(*p) < 0x80)
+        arena.push_back(wchar_t(*p++));
+    if (!*p) {
+        arena.push_back(L'\0');
+        return start;
+    }
+    arena.resize(start);
+    return Widen(arena, text, std::strlen(text), true);
 }
 
 void ExpatSaxDriver::FlushText()
 {
     if (pendingText.empty() || stopped)
         return;
-    arena.clear();
-    Widen(pendingText.data(), pendingText.size());
+    pendingText.push_back(L'\0');
+    Deliver([this] { handler->Characters(pendingText.data()); });
     pendingText.clear();
-    Deliver([this] { handler->Characters(arena.data()); });
 }
 
 void ExpatSaxDriver::OnStartElement(void* self, const char* name, const char** attributeTexts)
@@ -219,7 +235,7 @@ void ExpatSaxDriver::OnCharacters(void* self, const char* text, int length)
 {
     auto* driver = static_cast<ExpatSaxDriver*>(self);
     if (!driver->stopped)
-        driver->pendingText.append(text, std::size_t(length));
+        Widen(driver->pendingText, text, std::size_t(length), false);
 }
 
 void ExpatSaxDriver::OnStartCData(void* self)

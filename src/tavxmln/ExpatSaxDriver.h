@@ -49,8 +49,10 @@ private:
     void FlushText();
     bool Finish(int status, bool last);
     [[noreturn]] void ThrowParseError();
-    /// Appends the wide form of UTF-8 `text` to the arena, null-ended; gives its start index.
-    std::size_t Widen(const char* text, std::size_t length);
+    /// Appends the wide form of UTF-8 `text` to `target`, null-ended when `terminate`; gives
+    /// its start index.
+    static std::size_t Widen(std::vector<wchar_t>& target, const char* text, std::size_t length, bool terminate);
+    /// The same for the arena, with the null.
     std::size_t Widen(const char* text);
 
     XML_ParserStruct* parser;
@@ -59,7 +61,7 @@ private:
     bool documentStarted = false;
     bool stopped = false;
     std::exception_ptr handlerFailure;
-    std::string pendingText;          ///< UTF-8 text since the last markup
+    std::vector<wchar_t> pendingText; ///< wide text since the last markup, without the null
     std::vector<wchar_t> arena;       ///< wide names, values and text of the current event
     std::vector<std::size_t> offsets; ///< arena positions of the attribute names and values
     std::vector<CXMLSaxAttribut> attributes;

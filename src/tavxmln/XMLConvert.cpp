@@ -16,39 +16,24 @@ bool IsBlank(wchar_t c)
     return c == L' ' || c == L'\t' || c == L'\r' || c == L'\n';
 }
 
-/// Copies the trimmed text into `out` as ASCII; false for non-ASCII or over-long text.
+/// Copies the trimmed text into `out` as ASCII in one pass; false for non-ASCII, empty or
+/// over-long text.
 template <std::size_t N> bool Narrow(const wchar_t* text, char (&out)[N], std::size_t& length)
 {
     if (!text)
         return false;
     while (IsBlank(*text))
         ++text;
-    const wchar_t* end = text + std::wcslen(text);
-    while (end > text && IsBlank(end[-1]))
-        --end;
-    length = std::size_t(end - text);
-    if (length == 0 || length >= N)
-        return false;
-    for (std::size_t i = 0; i < length; ++i) {
-        if (text[i] <= 0 || text[i] > 0x7F)
+    length = 0;
+    for (; *text; ++text) {
+        if (*text <= 0 || *text > 0x7F || length + 1 >= N)
             return false;
-        out[i] = char(text[i]);
+        out[length++] = char(*text);
     }
+    while (length > 0 && IsBlank(wchar_t(out[length - 1])))
+        --length;
     out[length] = '\0';
-    return true;
-}
-
-bool ParseLong(const char* begin, const char* end, long& value)
-{
-    if (begin < end && *begin == '+')
-        ++begin;
-    long long parsed = 0;
-    const auto result = std::from_chars(begin, end, parsed);
-    if (result.ec != std::errc() || result.ptr != end || parsed < std::numeric_limits<int>::min() ||
-        parsed > std::numeric_limits<int>::max())
-        return false;
-    value = long(parsed);
-    return true;
+    return length > 0;
 }
 
 /// Reads `count` unsigned fields of at least `width` digits separated by `separator`.
@@ -94,9 +79,30 @@ const wchar_t* Widen(const char* text, wchar_t* out)
 
 bool XMLConvertText2Long(const wchar_t* text, long& value)
 {
-    char buffer[32];
-    std::size_t length = 0;
-    return Narrow(text, buffer, length) && ParseLong(buffer, buffer + length, value);
+    // Read straight from the wide text: integers are the most frequent value of a document.
+    if (!text)
+        return false;
+    while (IsBlank(*text))
+        ++text;
+    const bool negative = *text == L'-';
+    if (*text == L'-' || *text == L'+')
+        ++text;
+    long long magnitude = 0;
+    const wchar_t* digits = text;
+    for (; *text >= L'0' && *text <= L'9'; ++text) {
+        magnitude = magnitude * 10 + (*text - L'0');
+        if (magnitude > 2147483648LL)
+            return false;
+    }
+    if (text == digits)
+        return false;
+    while (IsBlank(*text))
+        ++text;
+    const long long signedValue = negative ? -magnitude : magnitude;
+    if (*text || signedValue > std::numeric_limits<int>::max())
+        return false;
+    value = long(signedValue);
+    return true;
 }
 
 bool XMLConvertText2Double(const wchar_t* text, double& value)
