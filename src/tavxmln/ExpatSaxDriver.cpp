@@ -5,6 +5,7 @@
 
 #include <expat.h>
 
+#include <algorithm>
 #include <cstring>
 #include <limits>
 #include <string>
@@ -141,13 +142,21 @@ template <typename Event> void ExpatSaxDriver::Deliver(Event&& event)
     }
 }
 
-std::size_t ExpatSaxDriver::Widen(std::vector<wchar_t>& target, const char* text, std::size_t length,
-                                  bool terminate)
+wchar_t* ExpatSaxDriver::WideBuffer::Grow(std::size_t count)
 {
-    const std::size_t start = target.size();
+    const std::size_t grown = std::max(used + count, capacity * 2 + 256);
+    std::unique_ptr<wchar_t[]> larger(new wchar_t[grown]);
+    std::copy(storage.get(), storage.get() + used, larger.get());
+    storage = std::move(larger);
+    capacity = grown;
+    return storage.get() + used;
+}
+
+std::size_t ExpatSaxDriver::Widen(WideBuffer& target, const char* text, std::size_t length, bool terminate)
+{
+    const std::size_t start = target.Size();
     // A wide text never has more characters than its UTF-8 form has bytes.
-    target.resize(start + length + 1);
-    wchar_t* out = target.data() + start;
+    wchar_t* out = target.Extend(length + 1);
     const auto* p = reinterpret_cast<const unsigned char*>(text);
     const auto* end = p + length;
     while (p < end) {
@@ -165,33 +174,35 @@ std::size_t ExpatSaxDriver::Widen(std::vector<wchar_t>& target, const char* text
     }
     if (terminate)
         *out++ = L'\0';
-    target.resize(std::size_t(out - target.data()));
+    target.Resize(std::size_t(out - target.Data()));
     return start;
 }
 
 std::size_t ExpatSaxDriver::Widen(const char* text)
 {
-    // Names and values are short: one pass that copies ASCII and stops at the end, instead of
-    // measuring the text first.
-    const std::size_t start = arena.size();
-    const char* p = text;
-    while (*p && static_cast<unsigned char>(*p) < 0x80)
-        arena.push_back(wchar_t(*p++));
+    // Names and values are mostly short ASCII: copy them in one pass without measuring first.
+    constexpr std::size_t shortText = 32;
+    const std::size_t start = arena.Size();
+    const auto* p = reinterpret_cast<const unsigned char*>(text);
+    wchar_t* out = arena.Extend(shortText);
+    wchar_t* const last = out + shortText - 1;
+    while (out < last && *p && *p < 0x80)
+        *out++ = wchar_t(*p++);
     if (!*p) {
-        arena.push_back(L'\0');
+        *out++ = L'\0';
+        arena.Resize(std::size_t(out - arena.Data()));
         return start;
     }
-    arena.resize(start);
     return Widen(arena, text, std::strlen(text), true);
 }
 
 void ExpatSaxDriver::FlushText()
 {
-    if (pendingText.empty() || stopped)
+    if (pendingText.Empty() || stopped)
         return;
-    pendingText.push_back(L'\0');
-    Deliver([this] { handler->Characters(pendingText.data()); });
-    pendingText.clear();
+    *pendingText.Extend(1) = L'\0';
+    Deliver([this] { handler->Characters(pendingText.Data()); });
+    pendingText.Clear();
 }
 
 void ExpatSaxDriver::OnStartElement(void* self, const char* name, const char** attributeTexts)
@@ -200,13 +211,13 @@ void ExpatSaxDriver::OnStartElement(void* self, const char* name, const char** a
     driver->FlushText();
     if (driver->stopped)
         return;
-    driver->arena.clear();
+    driver->arena.Clear();
     driver->offsets.clear();
     const std::size_t nameAt = driver->Widen(name);
     for (const char** a = attributeTexts; *a; ++a)
         driver->offsets.push_back(driver->Widen(*a));
     // The arena is complete only now: pointers into it are taken after the last append.
-    const wchar_t* base = driver->arena.data();
+    const wchar_t* base = driver->arena.Data();
     driver->attributes.clear();
     for (std::size_t i = 0; i + 1 < driver->offsets.size(); i += 2)
         driver->attributes.emplace_back(base + driver->offsets[i], base + driver->offsets[i + 1]);
@@ -225,9 +236,9 @@ void ExpatSaxDriver::OnEndElement(void* self, const char* name)
     driver->FlushText();
     if (driver->stopped)
         return;
-    driver->arena.clear();
+    driver->arena.Clear();
     driver->Widen(name);
-    const wchar_t* wideName = driver->arena.data();
+    const wchar_t* wideName = driver->arena.Data();
     driver->Deliver([driver, wideName] { driver->handler->EndElement(emptyText, wideName, wideName); });
 }
 
@@ -255,11 +266,11 @@ void ExpatSaxDriver::OnEndCData(void* self)
 void ExpatSaxDriver::OnStartDoctype(void* self, const char* name, const char* systemId, const char* publicId, int)
 {
     auto* driver = static_cast<ExpatSaxDriver*>(self);
-    driver->arena.clear();
+    driver->arena.Clear();
     const std::size_t nameAt = driver->Widen(name ? name : "");
     const std::size_t publicAt = driver->Widen(publicId ? publicId : "");
     const std::size_t systemAt = driver->Widen(systemId ? systemId : "");
-    const wchar_t* base = driver->arena.data();
+    const wchar_t* base = driver->arena.Data();
     driver->Deliver([=] { driver->handler->StartDTD(base + nameAt, base + publicAt, base + systemAt); });
 }
 

@@ -1,6 +1,7 @@
 #include "tavxmln/XMLConvert.h"
 
 #include <charconv>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <cwchar>
@@ -105,8 +106,41 @@ bool XMLConvertText2Long(const wchar_t* text, long& value)
     return true;
 }
 
+namespace {
+
+/// Plain decimals whose digits form an integer of at most 2^53, the common case in a document,
+/// read directly: mantissa and power of ten are then both exact doubles, so one division gives
+/// the correctly rounded value. Anything else is left to the general reader (false).
+bool ReadPlainDecimal(const wchar_t* text, double& value)
+{
+    static const double powers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
+                                    1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+    const bool negative = *text == L'-';
+    if (negative)
+        ++text;
+    std::uint64_t mantissa = 0;
+    int digits = 0;
+    int fractionDigits = 0;
+    for (; *text >= L'0' && *text <= L'9'; ++text, ++digits)
+        mantissa = mantissa * 10 + std::uint64_t(*text - L'0');
+    if (*text == L'.') {
+        ++text;
+        for (; *text >= L'0' && *text <= L'9'; ++text, ++digits, ++fractionDigits)
+            mantissa = mantissa * 10 + std::uint64_t(*text - L'0');
+    }
+    if (*text != L'\0' || digits == 0 || digits > 19 || mantissa > (std::uint64_t(1) << 53))
+        return false;
+    const double magnitude = double(mantissa) / powers[fractionDigits];
+    value = negative ? -magnitude : magnitude;
+    return true;
+}
+
+} // namespace
+
 bool XMLConvertText2Double(const wchar_t* text, double& value)
 {
+    if (text && ReadPlainDecimal(text, value))
+        return true;
     char buffer[128];
     std::size_t length = 0;
     if (!Narrow(text, buffer, length))

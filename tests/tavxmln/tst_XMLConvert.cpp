@@ -15,6 +15,7 @@ class tst_XMLConvert : public QObject {
 
 private slots:
     void doublesReadBackBitExact();
+    void decimalTextsReadCorrectlyRounded();
     void doubleTexts_data();
     void doubleTexts();
     void independentOfTheLocale();
@@ -45,6 +46,31 @@ void tst_XMLConvert::doublesReadBackBitExact()
         double back = 1.0;
         QVERIFY2(XMLConvertText2Double(text.c_str(), back), qPrintable(QString::fromStdWString(text)));
         QVERIFY(std::memcmp(&value, &back, sizeof value) == 0);
+    }
+}
+
+void tst_XMLConvert::decimalTextsReadCorrectlyRounded()
+{
+    // Plain decimals as a document holds them (site coordinates, short fractions) against the
+    // C library's reader in the C locale, which rounds correctly.
+    std::mt19937_64 random(7);
+    for (int i = 0; i < 200000; ++i) {
+        const int digits = 1 + int(random() % 19);
+        std::string text;
+        if (random() % 2)
+            text += '-';
+        for (int d = 0; d < digits; ++d)
+            text += char('0' + random() % 10);
+        const int point = int(random() % std::uint64_t(digits + 1));
+        if (point < digits)
+            text.insert(text.size() - std::size_t(point), 1, '.');
+        if (text.back() == '.' || text.front() == '.' || (text.size() > 1 && text.rfind("-.", 0) == 0))
+            text.insert(text.find_first_of("0123456789."), "0");
+        const double expected = std::strtod(text.c_str(), nullptr);
+        double read = 1.0;
+        const std::wstring wide(text.begin(), text.end());
+        QVERIFY2(XMLConvertText2Double(wide.c_str(), read), text.c_str());
+        QVERIFY2(std::memcmp(&read, &expected, sizeof read) == 0, text.c_str());
     }
 }
 

@@ -90,6 +90,13 @@ void tst_XMLParser::events_data()
     QTest::newRow("latin-1 declared encoding")
         << QByteArray("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><a>S\xfc" "d</a>")
         << QStringList{"start", "<a>", QString::fromUtf8("'Süd'"), "</a>", "end"};
+    QTest::newRow("long names and values")
+        << QByteArray("<anElementNameLongerThanThirtyTwoCharacters aVeryLongAttributeNameIndeed=\"1 0 0 0 1 0 0 0 1 "
+                      "4512345.5 5412345.25 S\xc3\xbc" "d\"/>")
+        << QStringList{"start",
+                       QString::fromUtf8("<anElementNameLongerThanThirtyTwoCharacters aVeryLongAttributeNameIndeed=1 0 "
+                                         "0 0 1 0 0 0 1 4512345.5 5412345.25 Süd>"),
+                       "</anElementNameLongerThanThirtyTwoCharacters>", "end"};
     QTest::newRow("characters outside the basic plane")
         << QByteArray("<a>\xf0\x9f\x8f\x97</a>")
         << QStringList{"start", "<a>", QString::fromUtf8("'\xf0\x9f\x8f\x97'"), "</a>", "end"};
