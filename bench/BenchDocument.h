@@ -16,8 +16,7 @@ namespace bench {
 
 /// The document to measure: the first argument, or a large building generated into `folder`
 /// by the project's document generator. Empty when neither is possible.
-inline QString benchmark_document(const QStringList& arguments, const QTemporaryDir& folder)
-{
+inline QString benchmark_document(const QStringList& arguments, const QTemporaryDir& folder) {
     if (arguments.size() > 1)
         return arguments.at(1);
     const QString generator = QString(ZENTRA_SOURCE_DIR) + "/../shared/tools/oxagen.py";
@@ -26,15 +25,14 @@ inline QString benchmark_document(const QStringList& arguments, const QTemporary
     const QString path = folder.filePath("large.oxaxml");
     std::printf("generating %s ...\n", qPrintable(path));
     std::fflush(stdout);
-    const int status = QProcess::execute("python3", {generator, "-o", path, "--storeys", "40", "--rooms-per-storey",
-                                                     "80", "--detail", "32", "--rotate", "--origin",
-                                                     "4512345.5,5412345.25"});
+    const int status =
+        QProcess::execute("python3", {generator, "-o", path, "--storeys", "40", "--rooms-per-storey", "80",
+                                      "--detail", "32", "--rotate", "--origin", "4512345.5,5412345.25"});
     return status == 0 ? path : QString();
 }
 
 /// The best of `runs` timings of `work`, in seconds.
-inline double best_seconds(int runs, const std::function<void()>& work)
-{
+inline double best_seconds(int runs, const std::function<void()>& work) {
     double best = 1e300;
     for (int i = 0; i < runs; ++i) {
         QElapsedTimer timer;
@@ -46,8 +44,7 @@ inline double best_seconds(int runs, const std::function<void()>& work)
 }
 
 /// Parses the file with expat and no handlers at all, in the same chunks as the library.
-inline void bare_expat_parse(const QString& path)
-{
+inline void bare_expat_parse(const QString& path) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return;

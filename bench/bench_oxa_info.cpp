@@ -8,8 +8,7 @@
 #include "tavxmln/CXMLException.h"
 #include "tavxmln/CXMLManager.h"
 
-int main(int argc, char** argv)
-{
+int main(int argc, char** argv) {
     QCoreApplication app(argc, argv);
     QTemporaryDir folder;
     const QString path = bench::benchmark_document(app.arguments(), folder);
@@ -23,13 +22,14 @@ int main(int argc, char** argv)
     const double walk = bench::best_seconds(2, [&] {
         oxaIO::OxaNullReader reader;
         try {
-            tavxmln::CXMLManager::GetInstance()->LoadDocument(name.c_str(), &reader, true, false, nullptr, false,
-                                                              false);
+            tavxmln::CXMLManager::GetInstance()->LoadDocument(name.c_str(), &reader, true, false, nullptr,
+                                                              false, false);
         } catch (const tavxmln::CXMLException&) {
             valid = false;
         }
     });
     std::printf("document: %.1f MB\n", double(QFileInfo(path).size()) / (1024.0 * 1024.0));
-    std::printf("summary reader: %.3f ms; full reader walk: %.3f s; ratio %.5f\n", info * 1e3, walk, info / walk);
+    std::printf("summary reader: %.3f ms; full reader walk: %.3f s; ratio %.5f\n", info * 1e3, walk,
+                info / walk);
     return valid ? 0 : 1;
 }

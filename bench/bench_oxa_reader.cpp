@@ -7,8 +7,7 @@
 #include "tavxmln/CXMLException.h"
 #include "tavxmln/CXMLManager.h"
 
-int main(int argc, char** argv)
-{
+int main(int argc, char** argv) {
     QCoreApplication app(argc, argv);
     QTemporaryDir folder;
     const QString path = bench::benchmark_document(app.arguments(), folder);
@@ -22,8 +21,8 @@ int main(int argc, char** argv)
     auto walk_once = [&] {
         oxaIO::OxaNullReader reader;
         try {
-            tavxmln::CXMLManager::GetInstance()->LoadDocument(name.c_str(), &reader, true, false, nullptr, false,
-                                                              false);
+            tavxmln::CXMLManager::GetInstance()->LoadDocument(name.c_str(), &reader, true, false, nullptr,
+                                                              false, false);
         } catch (const tavxmln::CXMLException& exception) {
             std::printf("reader failed: %ls\n", exception.text());
             failed = true;

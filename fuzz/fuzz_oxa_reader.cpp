@@ -16,13 +16,11 @@ namespace {
 /// Also asks the reader's own lookups, so that the identifier map is walked both ways.
 class FuzzReader : public oxaIO::OxaNullReader {
 public:
-    void StartObject3D(std::wstring id, std::wstring, std::wstring name, bool, std::wstring) override
-    {
+    void StartObject3D(std::wstring id, std::wstring, std::wstring name, bool, std::wstring) override {
         GetMappedObjectID(GetObjectID(name));
         GetMappedObjectID(id);
     }
-    void ReadThumbnailData(unsigned char*& data, unsigned int& size) override
-    {
+    void ReadThumbnailData(unsigned char*& data, unsigned int& size) override {
         // Touch every byte: a wrong size would show up under the address sanitizer.
         unsigned sum = 0;
         for (unsigned int i = 0; i < size; ++i)
@@ -33,13 +31,13 @@ public:
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
-{
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     std::vector<unsigned char> buffer(data, data + size);
     FuzzReader reader;
     try {
-        tavxmln::CXMLManager::GetInstance()->LoadDocument(buffer.data(), static_cast<unsigned int>(buffer.size()),
-                                                          &reader, true, false, nullptr, false, false);
+        tavxmln::CXMLManager::GetInstance()->LoadDocument(buffer.data(),
+                                                          static_cast<unsigned int>(buffer.size()), &reader,
+                                                          true, false, nullptr, false, false);
     } catch (const tavxmln::CXMLException&) {
     }
     return 0;

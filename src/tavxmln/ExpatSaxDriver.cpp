@@ -15,8 +15,7 @@ namespace tavxmln {
 namespace {
 
 /// Decodes one UTF-8 sequence that expat has already validated.
-char32_t DecodeUtf8(const unsigned char*& p)
-{
+char32_t DecodeUtf8(const unsigned char*& p) {
     const unsigned char lead = *p++;
     if (lead < 0x80)
         return lead;
@@ -30,8 +29,8 @@ char32_t DecodeUtf8(const unsigned char*& p)
         p += 2;
         return c;
     }
-    const char32_t c = (char32_t(lead & 0x07) << 18) | (char32_t(p[0] & 0x3F) << 12) | (char32_t(p[1] & 0x3F) << 6) |
-                       (p[2] & 0x3F);
+    const char32_t c = (char32_t(lead & 0x07) << 18) | (char32_t(p[0] & 0x3F) << 12) |
+                       (char32_t(p[1] & 0x3F) << 6) | (p[2] & 0x3F);
     p += 3;
     return c;
 }
@@ -41,8 +40,7 @@ const wchar_t emptyText[] = L"";
 } // namespace
 
 ExpatSaxDriver::ExpatSaxDriver(CXMLSaxHandler* handler, std::wstring source)
-    : parser(XML_ParserCreate(nullptr)), handler(handler), source(std::move(source))
-{
+    : parser(XML_ParserCreate(nullptr)), handler(handler), source(std::move(source)) {
     if (!parser)
         throw CXMLException(CXMLException::OutOfMemory, L"out of memory: cannot create the XML parser");
     XML_SetUserData(parser, this);
@@ -53,14 +51,12 @@ ExpatSaxDriver::ExpatSaxDriver(CXMLSaxHandler* handler, std::wstring source)
     handler->driver = this;
 }
 
-ExpatSaxDriver::~ExpatSaxDriver()
-{
+ExpatSaxDriver::~ExpatSaxDriver() {
     handler->driver = nullptr;
     XML_ParserFree(parser);
 }
 
-bool ExpatSaxDriver::Feed(const char* bytes, std::size_t size, bool last)
-{
+bool ExpatSaxDriver::Feed(const char* bytes, std::size_t size, bool last) {
     while (size > std::size_t(std::numeric_limits<int>::max())) {
         const int part = std::numeric_limits<int>::max() / 2;
         if (!Finish(XML_Parse(parser, bytes, part, XML_FALSE), false))
@@ -71,27 +67,23 @@ bool ExpatSaxDriver::Feed(const char* bytes, std::size_t size, bool last)
     return Finish(XML_Parse(parser, bytes, static_cast<int>(size), last ? XML_TRUE : XML_FALSE), last);
 }
 
-char* ExpatSaxDriver::Buffer(std::size_t size)
-{
+char* ExpatSaxDriver::Buffer(std::size_t size) {
     void* buffer = XML_GetBuffer(parser, static_cast<int>(size));
     if (!buffer)
         throw CXMLException(CXMLException::OutOfMemory, L"out of memory: cannot buffer the input");
     return static_cast<char*>(buffer);
 }
 
-bool ExpatSaxDriver::FeedBuffer(std::size_t filled, bool last)
-{
+bool ExpatSaxDriver::FeedBuffer(std::size_t filled, bool last) {
     return Finish(XML_ParseBuffer(parser, static_cast<int>(filled), last ? XML_TRUE : XML_FALSE), last);
 }
 
-std::uint64_t ExpatSaxDriver::SourceOffset() const
-{
+std::uint64_t ExpatSaxDriver::SourceOffset() const {
     const XML_Index index = XML_GetCurrentByteIndex(parser);
     return index < 0 ? 0 : std::uint64_t(index);
 }
 
-bool ExpatSaxDriver::Finish(int status, bool last)
-{
+bool ExpatSaxDriver::Finish(int status, bool last) {
     if (handlerFailure)
         std::rethrow_exception(handlerFailure);
     if (stopped)
@@ -109,8 +101,7 @@ bool ExpatSaxDriver::Finish(int status, bool last)
     return true;
 }
 
-void ExpatSaxDriver::ThrowParseError()
-{
+void ExpatSaxDriver::ThrowParseError() {
     const XML_Error error = XML_GetErrorCode(parser);
     const XML_LChar* description = XML_ErrorString(error);
     std::wstring text = source + L": ";
@@ -124,8 +115,7 @@ void ExpatSaxDriver::ThrowParseError()
                         text.c_str());
 }
 
-template <typename Event> void ExpatSaxDriver::Deliver(Event&& event)
-{
+template <typename Event> void ExpatSaxDriver::Deliver(Event&& event) {
     if (stopped)
         return;
     try {
@@ -142,8 +132,7 @@ template <typename Event> void ExpatSaxDriver::Deliver(Event&& event)
     }
 }
 
-wchar_t* ExpatSaxDriver::WideBuffer::Grow(std::size_t count)
-{
+wchar_t* ExpatSaxDriver::WideBuffer::Grow(std::size_t count) {
     const std::size_t grown = std::max(used + count, capacity * 2 + 256);
     std::unique_ptr<wchar_t[]> larger(new wchar_t[grown]);
     std::copy(storage.get(), storage.get() + used, larger.get());
@@ -152,8 +141,7 @@ wchar_t* ExpatSaxDriver::WideBuffer::Grow(std::size_t count)
     return storage.get() + used;
 }
 
-std::size_t ExpatSaxDriver::Widen(WideBuffer& target, const char* text, std::size_t length, bool terminate)
-{
+std::size_t ExpatSaxDriver::Widen(WideBuffer& target, const char* text, std::size_t length, bool terminate) {
     const std::size_t start = target.Size();
     // A wide text never has more characters than its UTF-8 form has bytes.
     wchar_t* out = target.Extend(length + 1);
@@ -178,8 +166,7 @@ std::size_t ExpatSaxDriver::Widen(WideBuffer& target, const char* text, std::siz
     return start;
 }
 
-std::size_t ExpatSaxDriver::Widen(const char* text)
-{
+std::size_t ExpatSaxDriver::Widen(const char* text) {
     // Names and values are mostly short ASCII: copy them in one pass without measuring first.
     constexpr std::size_t shortText = 32;
     const std::size_t start = arena.Size();
@@ -196,8 +183,7 @@ std::size_t ExpatSaxDriver::Widen(const char* text)
     return Widen(arena, text, std::strlen(text), true);
 }
 
-void ExpatSaxDriver::FlushText()
-{
+void ExpatSaxDriver::FlushText() {
     if (pendingText.Empty() || stopped)
         return;
     *pendingText.Extend(1) = L'\0';
@@ -205,8 +191,7 @@ void ExpatSaxDriver::FlushText()
     pendingText.Clear();
 }
 
-void ExpatSaxDriver::OnStartElement(void* self, const char* name, const char** attributeTexts)
-{
+void ExpatSaxDriver::OnStartElement(void* self, const char* name, const char** attributeTexts) {
     auto* driver = static_cast<ExpatSaxDriver*>(self);
     driver->FlushText();
     if (driver->stopped)
@@ -226,12 +211,12 @@ void ExpatSaxDriver::OnStartElement(void* self, const char* name, const char** a
         driver->attributePointers.push_back(&attribute);
     driver->attributePointers.push_back(nullptr);
     driver->Deliver([driver, base, nameAt] {
-        driver->handler->StartElement(emptyText, base + nameAt, base + nameAt, driver->attributePointers.data());
+        driver->handler->StartElement(emptyText, base + nameAt, base + nameAt,
+                                      driver->attributePointers.data());
     });
 }
 
-void ExpatSaxDriver::OnEndElement(void* self, const char* name)
-{
+void ExpatSaxDriver::OnEndElement(void* self, const char* name) {
     auto* driver = static_cast<ExpatSaxDriver*>(self);
     driver->FlushText();
     if (driver->stopped)
@@ -242,29 +227,26 @@ void ExpatSaxDriver::OnEndElement(void* self, const char* name)
     driver->Deliver([driver, wideName] { driver->handler->EndElement(emptyText, wideName, wideName); });
 }
 
-void ExpatSaxDriver::OnCharacters(void* self, const char* text, int length)
-{
+void ExpatSaxDriver::OnCharacters(void* self, const char* text, int length) {
     auto* driver = static_cast<ExpatSaxDriver*>(self);
     if (!driver->stopped)
         Widen(driver->pendingText, text, std::size_t(length), false);
 }
 
-void ExpatSaxDriver::OnStartCData(void* self)
-{
+void ExpatSaxDriver::OnStartCData(void* self) {
     auto* driver = static_cast<ExpatSaxDriver*>(self);
     driver->FlushText();
     driver->Deliver([driver] { driver->handler->StartCDATA(); });
 }
 
-void ExpatSaxDriver::OnEndCData(void* self)
-{
+void ExpatSaxDriver::OnEndCData(void* self) {
     auto* driver = static_cast<ExpatSaxDriver*>(self);
     driver->FlushText();
     driver->Deliver([driver] { driver->handler->EndCDATA(); });
 }
 
-void ExpatSaxDriver::OnStartDoctype(void* self, const char* name, const char* systemId, const char* publicId, int)
-{
+void ExpatSaxDriver::OnStartDoctype(void* self, const char* name, const char* systemId, const char* publicId,
+                                    int) {
     auto* driver = static_cast<ExpatSaxDriver*>(self);
     driver->arena.Clear();
     const std::size_t nameAt = driver->Widen(name ? name : "");

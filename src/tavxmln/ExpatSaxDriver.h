@@ -55,8 +55,7 @@ private:
         bool Empty() const { return used == 0; }
         void Clear() { used = 0; }
         /// Room for `count` more characters; gives where they go.
-        wchar_t* Extend(std::size_t count)
-        {
+        wchar_t* Extend(std::size_t count) {
             return used + count <= capacity ? storage.get() + used : Grow(count);
         }
         void Resize(std::size_t size) { used = size; }

@@ -5,22 +5,20 @@
 #include <cstdio>
 #include <cstring>
 #include <cwchar>
-#include <string>
 #include <limits>
+#include <string>
 
 namespace tavxmln {
 
 namespace {
 
-bool IsBlank(wchar_t c)
-{
+bool IsBlank(wchar_t c) {
     return c == L' ' || c == L'\t' || c == L'\r' || c == L'\n';
 }
 
 /// Copies the trimmed text into `out` as ASCII in one pass; false for non-ASCII, empty or
 /// over-long text.
-template <std::size_t N> bool Narrow(const wchar_t* text, char (&out)[N], std::size_t& length)
-{
+template <std::size_t N> bool Narrow(const wchar_t* text, char (&out)[N], std::size_t& length) {
     if (!text)
         return false;
     while (IsBlank(*text))
@@ -38,8 +36,7 @@ template <std::size_t N> bool Narrow(const wchar_t* text, char (&out)[N], std::s
 }
 
 /// Reads `count` unsigned fields of at least `width` digits separated by `separator`.
-bool ParseFields(const char* text, std::size_t length, char separator, int* fields[], int count)
-{
+bool ParseFields(const char* text, std::size_t length, char separator, int* fields[], int count) {
     const char* p = text;
     const char* end = text + length;
     for (int i = 0; i < count; ++i) {
@@ -62,13 +59,11 @@ bool ParseFields(const char* text, std::size_t length, char separator, int* fiel
     return p == end;
 }
 
-bool InRange(int value, int low, int high)
-{
+bool InRange(int value, int low, int high) {
     return value >= low && value <= high;
 }
 
-const wchar_t* Widen(const char* text, wchar_t* out)
-{
+const wchar_t* Widen(const char* text, wchar_t* out) {
     std::size_t i = 0;
     for (; text[i]; ++i)
         out[i] = wchar_t(text[i]);
@@ -78,8 +73,7 @@ const wchar_t* Widen(const char* text, wchar_t* out)
 
 } // namespace
 
-bool XMLConvertText2Long(const wchar_t* text, long& value)
-{
+bool XMLConvertText2Long(const wchar_t* text, long& value) {
     // Read straight from the wide text: integers are the most frequent value of a document.
     if (!text)
         return false;
@@ -111,8 +105,7 @@ namespace {
 /// Plain decimals whose digits form an integer of at most 2^53, the common case in a document,
 /// read directly: mantissa and power of ten are then both exact doubles, so one division gives
 /// the correctly rounded value. Anything else is left to the general reader (false).
-bool ReadPlainDecimal(const wchar_t* text, double& value)
-{
+bool ReadPlainDecimal(const wchar_t* text, double& value) {
     static const double powers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
                                     1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
     const bool negative = *text == L'-';
@@ -137,8 +130,7 @@ bool ReadPlainDecimal(const wchar_t* text, double& value)
 
 } // namespace
 
-bool XMLConvertText2Double(const wchar_t* text, double& value)
-{
+bool XMLConvertText2Double(const wchar_t* text, double& value) {
     if (text && ReadPlainDecimal(text, value))
         return true;
     char buffer[128];
@@ -152,8 +144,7 @@ bool XMLConvertText2Double(const wchar_t* text, double& value)
     return result.ec == std::errc() && result.ptr == buffer + length;
 }
 
-bool XMLConvertText2Bool(const wchar_t* text, bool& value)
-{
+bool XMLConvertText2Bool(const wchar_t* text, bool& value) {
     char buffer[8];
     std::size_t length = 0;
     if (!Narrow(text, buffer, length))
@@ -167,8 +158,7 @@ bool XMLConvertText2Bool(const wchar_t* text, bool& value)
     return true;
 }
 
-bool XMLConvertText2Date(const wchar_t* text, int& year, int& month, int& day)
-{
+bool XMLConvertText2Date(const wchar_t* text, int& year, int& month, int& day) {
     char buffer[32];
     std::size_t length = 0;
     int y = 0, m = 0, d = 0;
@@ -182,8 +172,7 @@ bool XMLConvertText2Date(const wchar_t* text, int& year, int& month, int& day)
     return true;
 }
 
-bool XMLConvertText2Time(const wchar_t* text, int& hour, int& minute, int& second)
-{
+bool XMLConvertText2Time(const wchar_t* text, int& hour, int& minute, int& second) {
     char buffer[32];
     std::size_t length = 0;
     int h = 0, m = 0, s = 0;
@@ -198,8 +187,7 @@ bool XMLConvertText2Time(const wchar_t* text, int& hour, int& minute, int& secon
 }
 
 bool XMLConvertText2DateTime(const wchar_t* text, int& year, int& month, int& day, int& hour, int& minute,
-                             int& second)
-{
+                             int& second) {
     if (!text)
         return false;
     const wchar_t* separator = std::wcschr(text, L'T');
@@ -221,16 +209,14 @@ bool XMLConvertText2DateTime(const wchar_t* text, int& year, int& month, int& da
     return true;
 }
 
-const wchar_t* XMLConvertLong2Text(long value)
-{
+const wchar_t* XMLConvertLong2Text(long value) {
     thread_local wchar_t text[32];
     char buffer[32];
     *std::to_chars(buffer, buffer + sizeof buffer - 1, value).ptr = '\0';
     return Widen(buffer, text);
 }
 
-const wchar_t* XMLConvertDouble2Text(const double& value)
-{
+const wchar_t* XMLConvertDouble2Text(const double& value) {
     thread_local wchar_t text[64];
     char buffer[64];
     if (value != value)
@@ -243,31 +229,28 @@ const wchar_t* XMLConvertDouble2Text(const double& value)
     return Widen(buffer, text);
 }
 
-const wchar_t* XMLConvertBool2Text(bool value, bool numeric)
-{
+const wchar_t* XMLConvertBool2Text(bool value, bool numeric) {
     if (numeric)
         return value ? L"1" : L"0";
     return value ? L"true" : L"false";
 }
 
-const wchar_t* XMLConvertDateTime2Text(int year, int month, int day, int hour, int minute, int second)
-{
+const wchar_t* XMLConvertDateTime2Text(int year, int month, int day, int hour, int minute, int second) {
     thread_local wchar_t text[64];
     char buffer[64];
-    std::snprintf(buffer, sizeof buffer, "%04d-%02d-%02dT%02d:%02d:%02d", year, month, day, hour, minute, second);
+    std::snprintf(buffer, sizeof buffer, "%04d-%02d-%02dT%02d:%02d:%02d", year, month, day, hour, minute,
+                  second);
     return Widen(buffer, text);
 }
 
-const wchar_t* XMLConvertDate2Text(int year, int month, int day)
-{
+const wchar_t* XMLConvertDate2Text(int year, int month, int day) {
     thread_local wchar_t text[32];
     char buffer[32];
     std::snprintf(buffer, sizeof buffer, "%04d-%02d-%02d", year, month, day);
     return Widen(buffer, text);
 }
 
-const wchar_t* XMLConvertTime2Text(int hour, int minute, int second)
-{
+const wchar_t* XMLConvertTime2Text(int hour, int minute, int second) {
     thread_local wchar_t text[32];
     char buffer[32];
     std::snprintf(buffer, sizeof buffer, "%02d:%02d:%02d", hour, minute, second);

@@ -26,13 +26,11 @@ private:
     QTemporaryDir dir;
 };
 
-void tst_OxaInfoReader::initTestCase()
-{
+void tst_OxaInfoReader::initTestCase() {
     QVERIFY(dir.isValid());
 }
 
-QString tst_OxaInfoReader::write(const QString& name, const QByteArray& xml)
-{
+QString tst_OxaInfoReader::write(const QString& name, const QByteArray& xml) {
     const QString path = dir.filePath(name);
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(xml) != xml.size())
@@ -40,35 +38,43 @@ QString tst_OxaInfoReader::write(const QString& name, const QByteArray& xml)
     return path;
 }
 
-void tst_OxaInfoReader::heads_data()
-{
+void tst_OxaInfoReader::heads_data() {
     QTest::addColumn<QByteArray>("xml");
     QTest::addColumn<bool>("valid");
     QTest::addColumn<QString>("projectId");
     QTest::addColumn<QString>("created");
     QTest::addColumn<QString>("sections");
 
-    QTest::newRow("full head")
-        << QByteArray(R"(<?xml version="1.0" encoding="UTF-8"?>
+    QTest::newRow("full head") << QByteArray(R"(<?xml version="1.0" encoding="UTF-8"?>
 <objects projectID="PRJ-1" createdBy="architecture" sourceApp="app 1.0" sourceFormat="fmt" created="2024-06-01T12:00:00" oxaversion="1.5">
   <content version="1.2"><section name="objectSection"/><section name="topologySection"/><section name="activitySection"/></content>
-</objects>)")
-        << true << "PRJ-1" << "2024-06-01T12:00:00" << "objectSection; topologySection; activitySection";
-    QTest::newRow("empty content") << QByteArray(R"(<objects projectID="P" created="not a date"><content/></objects>)")
-                                   << true << "P" << "not a date" << "";
-    QTest::newRow("missing attributes stay empty") << QByteArray(R"(<objects><content/></objects>)") << true << ""
-                                                   << "" << "";
+</objects>)") << true << "PRJ-1"
+                               << "2024-06-01T12:00:00"
+                               << "objectSection; topologySection; activitySection";
+    QTest::newRow("empty content")
+        << QByteArray(R"(<objects projectID="P" created="not a date"><content/></objects>)") << true << "P"
+        << "not a date"
+        << "";
+    QTest::newRow("missing attributes stay empty")
+        << QByteArray(R"(<objects><content/></objects>)") << true << ""
+        << ""
+        << "";
     QTest::newRow("malformed inside content")
         << QByteArray(R"(<objects projectID="P"><content><section name="objectSection"></content></objects>)")
-        << false << "P" << "" << "objectSection";
+        << false << "P"
+        << ""
+        << "objectSection";
     QTest::newRow("truncated before the end of content")
-        << QByteArray(R"(<objects projectID="P" created="2024"><content><section name="fitSection"/>)") << false << "P"
-        << "2024" << "fitSection";
-    QTest::newRow("not xml") << QByteArray("3DS\x00\x01\x02", 6) << false << "" << "" << "";
+        << QByteArray(R"(<objects projectID="P" created="2024"><content><section name="fitSection"/>)")
+        << false << "P"
+        << "2024"
+        << "fitSection";
+    QTest::newRow("not xml") << QByteArray("3DS\x00\x01\x02", 6) << false << ""
+                             << ""
+                             << "";
 }
 
-void tst_OxaInfoReader::heads()
-{
+void tst_OxaInfoReader::heads() {
     QFETCH(QByteArray, xml);
     QFETCH(bool, valid);
     QFETCH(QString, projectId);
@@ -88,10 +94,11 @@ void tst_OxaInfoReader::heads()
     QVERIFY(!reader.HasSection(stNone));
 }
 
-void tst_OxaInfoReader::stopsAtTheEndOfContent()
-{
+void tst_OxaInfoReader::stopsAtTheEndOfContent() {
     // Everything after content is broken: a reader that went on would fail.
-    const QString path = write("stops.oxaxml", R"(<objects projectID="P"><content><section name="nonsense"/><section name="loggingSection"/></content><objectSection><<<broken)");
+    const QString path = write(
+        "stops.oxaxml",
+        R"(<objects projectID="P"><content><section name="nonsense"/><section name="loggingSection"/></content><objectSection><<<broken)");
     const OxaInfoReader reader(path);
     QVERIFY(reader.IsValid());
     QVERIFY(reader.HasSection(stNone));
@@ -103,22 +110,24 @@ void tst_OxaInfoReader::stopsAtTheEndOfContent()
     QVERIFY(missing.ErrorText().contains("no-such-file.oxaxml"));
 }
 
-void tst_OxaInfoReader::sharedSamples_data()
-{
+void tst_OxaInfoReader::sharedSamples_data() {
     QTest::addColumn<QString>("document");
     QTest::newRow("small") << "small";
     QTest::newRow("small-quirks") << "small-quirks";
 }
 
-void tst_OxaInfoReader::sharedSamples()
-{
+void tst_OxaInfoReader::sharedSamples() {
     QFETCH(QString, document);
     const QString folder = ZENTRA_SHARED_DATA;
     QFile manifestFile(folder + "/" + document + ".manifest.json");
     if (!manifestFile.open(QIODevice::ReadOnly))
         QSKIP("shared sample data is not available");
-    const QJsonObject summary =
-        QJsonDocument::fromJson(manifestFile.readAll()).object()["documents"].toArray().at(0).toObject()["summary"].toObject();
+    const QJsonObject summary = QJsonDocument::fromJson(manifestFile.readAll())
+                                    .object()["documents"]
+                                    .toArray()
+                                    .at(0)
+                                    .toObject()["summary"]
+                                    .toObject();
     QVERIFY(!summary.isEmpty());
 
     const OxaInfoReader reader(folder + "/" + document + ".oxaxml");

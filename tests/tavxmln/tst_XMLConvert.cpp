@@ -29,11 +29,18 @@ private slots:
     void base64RoundTrip();
 };
 
-void tst_XMLConvert::doublesReadBackBitExact()
-{
+void tst_XMLConvert::doublesReadBackBitExact() {
     std::mt19937_64 random(42);
-    std::vector<double> values = {0.0, -0.0, 0.1, 1.0 / 3.0, 4512345.5, 5412345.25, 1e-300, 4.9e-324,
-                                  std::numeric_limits<double>::max(), std::numeric_limits<double>::min()};
+    std::vector<double> values = {0.0,
+                                  -0.0,
+                                  0.1,
+                                  1.0 / 3.0,
+                                  4512345.5,
+                                  5412345.25,
+                                  1e-300,
+                                  4.9e-324,
+                                  std::numeric_limits<double>::max(),
+                                  std::numeric_limits<double>::min()};
     for (int i = 0; i < 20000; ++i) {
         std::uint64_t bits = random();
         double value = 0.0;
@@ -49,8 +56,7 @@ void tst_XMLConvert::doublesReadBackBitExact()
     }
 }
 
-void tst_XMLConvert::decimalTextsReadCorrectlyRounded()
-{
+void tst_XMLConvert::decimalTextsReadCorrectlyRounded() {
     // Plain decimals as a document holds them (site coordinates, short fractions) against the
     // C library's reader in the C locale, which rounds correctly.
     std::mt19937_64 random(7);
@@ -74,8 +80,7 @@ void tst_XMLConvert::decimalTextsReadCorrectlyRounded()
     }
 }
 
-void tst_XMLConvert::doubleTexts_data()
-{
+void tst_XMLConvert::doubleTexts_data() {
     QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("ok");
     QTest::addColumn<double>("value");
@@ -90,8 +95,7 @@ void tst_XMLConvert::doubleTexts_data()
     QTest::newRow("non-ascii digit") << QString::fromUtf8("１") << false << 0.0;
 }
 
-void tst_XMLConvert::doubleTexts()
-{
+void tst_XMLConvert::doubleTexts() {
     QFETCH(QString, text);
     QFETCH(bool, ok);
     QFETCH(double, value);
@@ -102,8 +106,7 @@ void tst_XMLConvert::doubleTexts()
     QCOMPARE(QString::fromWCharArray(XMLConvertDouble2Text(0.1)), QString("0.1"));
 }
 
-void tst_XMLConvert::independentOfTheLocale()
-{
+void tst_XMLConvert::independentOfTheLocale() {
     const char* names[] = {"de_DE.UTF-8", "de_DE.utf8", "fr_FR.UTF-8", "fr_FR.utf8"};
     const char* set = nullptr;
     for (const char* name : names)
@@ -120,8 +123,7 @@ void tst_XMLConvert::independentOfTheLocale()
     QCOMPARE(read, 1234.5);
 }
 
-void tst_XMLConvert::longs_data()
-{
+void tst_XMLConvert::longs_data() {
     QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("ok");
     QTest::addColumn<int>("value");
@@ -134,8 +136,7 @@ void tst_XMLConvert::longs_data()
     QTest::newRow("hex") << "0x10" << false << 0;
 }
 
-void tst_XMLConvert::longs()
-{
+void tst_XMLConvert::longs() {
     QFETCH(QString, text);
     QFETCH(bool, ok);
     QFETCH(int, value);
@@ -147,8 +148,7 @@ void tst_XMLConvert::longs()
     }
 }
 
-void tst_XMLConvert::bools_data()
-{
+void tst_XMLConvert::bools_data() {
     QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("ok");
     QTest::addColumn<bool>("value");
@@ -160,8 +160,7 @@ void tst_XMLConvert::bools_data()
     QTest::newRow("yes") << "yes" << false << false;
 }
 
-void tst_XMLConvert::bools()
-{
+void tst_XMLConvert::bools() {
     QFETCH(QString, text);
     QFETCH(bool, ok);
     QFETCH(bool, value);
@@ -173,8 +172,7 @@ void tst_XMLConvert::bools()
     QCOMPARE(QString::fromWCharArray(XMLConvertBool2Text(false, false)), QString("false"));
 }
 
-void tst_XMLConvert::dateTimes_data()
-{
+void tst_XMLConvert::dateTimes_data() {
     QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("ok");
     QTest::addColumn<QList<int>>("fields");
@@ -185,8 +183,7 @@ void tst_XMLConvert::dateTimes_data()
     QTest::newRow("garbage") << "yesterday" << false << QList<int>{};
 }
 
-void tst_XMLConvert::dateTimes()
-{
+void tst_XMLConvert::dateTimes() {
     QFETCH(QString, text);
     QFETCH(bool, ok);
     QFETCH(QList<int>, fields);
@@ -211,8 +208,7 @@ void tst_XMLConvert::dateTimes()
     QCOMPARE((QList<int>{y, m, d, h, mi, s}), fields);
 }
 
-void tst_XMLConvert::dateTimeTextsSortChronologically()
-{
+void tst_XMLConvert::dateTimeTextsSortChronologically() {
     const QStringList texts = {QString::fromWCharArray(XMLConvertDateTime2Text(999, 12, 31, 23, 59, 59)),
                                QString::fromWCharArray(XMLConvertDateTime2Text(2024, 1, 2, 3, 4, 5)),
                                QString::fromWCharArray(XMLConvertDateTime2Text(2024, 1, 2, 10, 0, 0)),
@@ -222,8 +218,7 @@ void tst_XMLConvert::dateTimeTextsSortChronologically()
     QCOMPARE(sorted, texts);
 }
 
-void tst_XMLConvert::base64RoundTrip()
-{
+void tst_XMLConvert::base64RoundTrip() {
     for (int length = 0; length < 40; ++length) {
         std::vector<unsigned char> bytes(static_cast<std::size_t>(length));
         for (int i = 0; i < length; ++i)
