@@ -45,44 +45,6 @@ void append_wide(std::wstring& out, char32_t c) {
     out.push_back(wchar_t(c));
 }
 
-/// Strict UTF-8 decoding: overlong forms, surrogates, values above U+10FFFF and cut sequences
-/// make the whole text invalid.
-bool decode_utf8(const QByteArray& bytes, std::wstring& out) {
-    const auto* p = reinterpret_cast<const unsigned char*>(bytes.constData());
-    const auto* end = p + bytes.size();
-    out.reserve(bytes.size());
-    while (p < end) {
-        const unsigned char lead = *p++;
-        if (lead < 0x80) {
-            out.push_back(wchar_t(lead));
-            continue;
-        }
-        int follow;
-        char32_t c;
-        char32_t minimum;
-        if ((lead & 0xE0) == 0xC0) {
-            follow = 1, c = lead & 0x1F, minimum = 0x80;
-        } else if ((lead & 0xF0) == 0xE0) {
-            follow = 2, c = lead & 0x0F, minimum = 0x800;
-        } else if ((lead & 0xF8) == 0xF0) {
-            follow = 3, c = lead & 0x07, minimum = 0x10000;
-        } else {
-            return false;
-        }
-        if (end - p < follow)
-            return false;
-        for (int i = 0; i < follow; ++i, ++p) {
-            if ((*p & 0xC0) != 0x80)
-                return false;
-            c = (c << 6) | (*p & 0x3F);
-        }
-        if (c < minimum || !is_scalar_value(c))
-            return false;
-        append_wide(out, c);
-    }
-    return true;
-}
-
 } // namespace
 
 QString FromStdString(const std::wstring& text) {
@@ -109,9 +71,23 @@ QString FromStdString(const std::wstring& text) {
 std::wstring ToStdString(const QString& text) {
     if (text.size() == 0)
         return std::wstring();
+    // Decodes the UTF-16 code units directly: the same code points as a detour through UTF-8,
+    // and a lone surrogate, which has no UTF-8 form, is caught instead of silently replaced.
     std::wstring result;
-    if (!decode_utf8(text.toUtf8(), result))
-        return std::wstring();
+    result.reserve(size_t(text.size()));
+    const ushort* units = text.utf16();
+    const int count = text.size();
+    for (int i = 0; i < count; ++i) {
+        const char32_t unit = units[i];
+        if (unit < 0xD800 || unit > 0xDFFF) {
+            append_wide(result, unit);
+        } else if (unit <= 0xDBFF && i + 1 < count && units[i + 1] >= 0xDC00 && units[i + 1] <= 0xDFFF) {
+            append_wide(result, 0x10000 + ((unit - 0xD800) << 10) + (units[i + 1] - 0xDC00));
+            ++i;
+        } else {
+            return std::wstring();
+        }
+    }
     return result;
 }
 

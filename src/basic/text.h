@@ -13,8 +13,8 @@ namespace basic {
 /// become U+FFFD.
 ZENTRA_EXPORT QString FromStdString(const std::wstring& text);
 
-/// An empty QString gives the empty wide string; text whose UTF-8 form does not decode (a lone
-/// surrogate) also gives the empty wide string, without an error.
+/// An empty QString gives the empty wide string; text that has no UTF-8 form (a lone surrogate)
+/// also gives the empty wide string, without an error.
 ZENTRA_EXPORT std::wstring ToStdString(const QString& text);
 
 /// Two-letter folder of the user's language: the system locale, or the environment variable

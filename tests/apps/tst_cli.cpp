@@ -1,0 +1,52 @@
+#include <QProcess>
+#include <QtTest>
+
+/// The command-line tool as a script would use it: output, exit codes, usage errors.
+class TestCli : public QObject {
+    Q_OBJECT
+
+    struct Result {
+        int code;
+        QString out;
+        QString err;
+    };
+
+    static Result run(const QStringList& arguments) {
+        QProcess process;
+        process.start(ZENTRA_CLI, arguments);
+        process.waitForFinished(60000);
+        return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
+                QString::fromUtf8(process.readAllStandardError())};
+    }
+
+private slots:
+    void version_and_help() {
+        const Result version = run({"--version"});
+        QCOMPARE(version.code, 0);
+        QVERIFY(version.out.startsWith("zentra "));
+        const Result help = run({"--help"});
+        QCOMPARE(help.code, 0);
+        QVERIFY(help.out.contains("Usage: zentra <command>"));
+        QVERIFY(help.out.contains("about"));
+    }
+
+    void usage_errors_exit_with_2_data() {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("no command") << QStringList() << "no command given";
+        QTest::newRow("unknown command") << QStringList({"frobnicate"}) << "unknown command 'frobnicate'";
+        QTest::newRow("stray argument") << QStringList({"about", "x"}) << "unexpected argument 'x'";
+    }
+
+    void usage_errors_exit_with_2() {
+        QFETCH(QStringList, arguments);
+        QFETCH(QString, message);
+        const Result result = run(arguments);
+        QCOMPARE(result.code, 2);
+        QVERIFY2(result.err.contains(message), qPrintable(result.err));
+        QVERIFY(result.out.isEmpty());
+    }
+};
+
+QTEST_GUILESS_MAIN(TestCli)
+#include "tst_cli.moc"

@@ -1,0 +1,536 @@
+#include "model/SampleObject.h"
+
+#include "model/Repository.h"
+#include "model/System.h"
+#include "model/exceptions.h"
+
+#include <QRegularExpression>
+#include <QTextStream>
+#include <QtTest>
+
+using namespace model;
+
+class TestObject : public QObject {
+    Q_OBJECT
+private slots:
+    void fresh_object_publishes_only_its_identifier();
+    void each_kind_is_activated_once_on_first_use_data();
+    void each_kind_is_activated_once_on_first_use();
+    void kinds_forward_to_the_owner();
+    void set_raises_versions_and_restore_does_not();
+    void increase_property_version_counts_per_property();
+    void unknown_members_throw_catchable_as_basic_exception();
+    void copy_gets_new_identity_and_no_members();
+    void destruction_and_delete_object_leave_the_repository();
+    void property_list_with_pattern();
+    void superclasses_run_from_the_root();
+    void object_to_xml_of_a_plain_object();
+    void object_to_xml_of_every_kind();
+    void object_to_xml_reports_and_skips_missing_members();
+    void to_xml_of_a_list_without_elements();
+    void set_update_method_splits_the_path_data();
+    void set_update_method_splits_the_path();
+    void resolve_update_method();
+    void method_path_bookkeeping();
+    void method_subupdate_properties_follow_references_and_lists();
+    void method_to_xml_and_invoke();
+    void print_of_an_object();
+    void print_of_a_method();
+    void element_type_texts();
+};
+
+void TestObject::fresh_object_publishes_only_its_identifier() {
+    System system(true);
+    Object plain(&system);
+    QStringList names;
+    plain.property_list(names);
+    QCOMPARE(names, QStringList{"ID"});
+    QVERIFY(plain.properties().isEmpty());
+    QVERIFY(plain.methods().isEmpty());
+    QCOMPARE(plain.version(), 0L);
+    QCOMPARE(plain.info(), QString("Baseclass of all objects."));
+    QCOMPARE(plain.element_type(), OBJECT_ELEMENT);
+
+    Property& id = plain.property("ID");
+    QCOMPARE(&plain.property("ID"), &id);
+    QCOMPARE(plain.properties().size(), 1);
+    QCOMPARE(id.element_type(), PRIMITIVE_ELEMENT);
+    QCOMPARE(id.datatype(), 2);
+    QVERIFY(!id.is_virtual());
+    QCOMPARE(id.id(), plain.id() + ".ID");
+    QCOMPARE(static_cast<Primitive&>(id).get(), plain.id());
+}
+
+void TestObject::each_kind_is_activated_once_on_first_use_data() {
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<int>("type");
+    QTest::newRow("primitive") << "name" << int(PRIMITIVE_ELEMENT);
+    QTest::newRow("reference") << "next" << int(REFERENCE_ELEMENT);
+    QTest::newRow("list") << "items" << int(LIST_ELEMENT);
+    QTest::newRow("map") << "attributes" << int(MAP_ELEMENT);
+    QTest::newRow("set") << "tags" << int(SET_ELEMENT);
+}
+
+void TestObject::each_kind_is_activated_once_on_first_use() {
+    QFETCH(QString, name);
+    QFETCH(int, type);
+    System system(true);
+    SampleObject sample(&system, "s1");
+    QVERIFY(sample.properties().isEmpty());
+
+    Property& first = sample.property(name);
+    Property& second = sample.property(name);
+    QCOMPARE(&first, &second);
+    QCOMPARE(sample.activations.value(name), 1);
+    QCOMPARE(sample.properties().size(), 1);
+    QCOMPARE(sample.properties().value(name), &first);
+    QCOMPARE(int(first.element_type()), type);
+    QCOMPARE(first.owner(), &sample);
+    QCOMPARE(first.local_name(), name);
+    QCOMPARE(first.id(), "s1." + name);
+}
+
+void TestObject::kinds_forward_to_the_owner() {
+    System system(true);
+    SampleObject sample(&system, "s1");
+    sample.name = "Wall";
+    sample.next = "s2";
+    QCOMPARE(static_cast<Primitive&>(sample.property("name")).get(), QString("Wall"));
+    QCOMPARE(static_cast<Reference&>(sample.property("next")).get(), QString("s2"));
+    QCOMPARE(static_cast<Reference&>(sample.property("next")).referenced_class(), QString("test::Sample"));
+    QCOMPARE(static_cast<Primitive&>(sample.property("area")).get(), QString("12.5"));
+
+    auto& items = static_cast<List&>(sample.property("items"));
+    items.insert(0, "b");
+    items.insert(0, "a");
+    items.replace(1, "c");
+    items.restore(2, "d");
+    QCOMPARE(items.count(), 3);
+    QCOMPARE(items.get(1), QString("c"));
+    items.remove(0);
+    QCOMPARE(sample.items, (QStringList{"c", "d"}));
+
+    auto& attributes = static_cast<Map&>(sample.property("attributes"));
+    attributes.write("k1", "v1");
+    attributes.restore("k2", "v2");
+    attributes.remove("k1");
+    QCOMPARE(attributes.keys(), QStringList{"k2"});
+    QCOMPARE(attributes.get("k2"), QString("v2"));
+
+    auto& tags = static_cast<Set&>(sample.property("tags"));
+    tags.add("t1");
+    tags.add("t1");
+    tags.restore("t2");
+    tags.remove("t1");
+    QCOMPARE(tags.values(), QStringList{"t2"});
+
+    QCOMPARE(sample.property("name").info(), QString("The name shown to users."));
+    QCOMPARE(sample.property("next").info(), QString(""));
+    QVERIFY(!sample.property("name").variant_value().isValid());
+}
+
+void TestObject::set_raises_versions_and_restore_does_not() {
+    System system(true);
+    SampleObject sample(&system, "s1");
+    auto& name = static_cast<Primitive&>(sample.property("name"));
+    name.restore("restored");
+    QCOMPARE(name.version(), 0L);
+    QCOMPARE(sample.version(), 0L);
+    name.set("changed");
+    QCOMPARE(sample.name, QString("changed"));
+    QCOMPARE(name.version(), 1L);
+    QCOMPARE(sample.version(), 1L);
+}
+
+void TestObject::increase_property_version_counts_per_property() {
+    System system(true);
+    SampleObject sample(&system, "s1");
+    QCOMPARE(sample.increase_property_version("ID"), 1L);
+    QCOMPARE(sample.increase_property_version("ID"), 2L);
+    QCOMPARE(sample.increase_property_version("tags"), 1L);
+    QCOMPARE(sample.version(), 3L);
+    QCOMPARE(sample.property("ID").version(), 2L);
+
+    QCOMPARE(sample.increase_property_version("x"), 0L);
+    QCOMPARE(sample.version(), 3L);
+}
+
+void TestObject::unknown_members_throw_catchable_as_basic_exception() {
+    System system(true);
+    SampleObject sample(&system, "s1");
+    try {
+        sample.property("x");
+        QFAIL("no exception");
+    } catch (const basic::Exception& e) {
+        QVERIFY(dynamic_cast<const NoSuchProperty_Exception*>(&e));
+        QCOMPARE(e.text(), QString("No such property [x]"));
+    }
+    try {
+        sample.method("x");
+        QFAIL("no exception");
+    } catch (const NoSuchMethod_Exception& e) {
+        QCOMPARE(e.text(), QString("No such method [x]"));
+    }
+    QVERIFY(sample.properties().isEmpty());
+    QVERIFY(sample.methods().isEmpty());
+}
+
+void TestObject::copy_gets_new_identity_and_no_members() {
+    System system(true);
+    SampleObject sample(&system, "s1");
+    sample.increase_property_version("name");
+    SampleObject copy(sample);
+    QVERIFY(copy.id() != sample.id());
+    QVERIFY(!copy.id().isEmpty());
+    QCOMPARE(copy.version(), 0L);
+    QVERIFY(copy.properties().isEmpty());
+    QCOMPARE(copy.system(), &system);
+    QCOMPARE(copy.repository(), sample.repository());
+    QCOMPARE(system.object(copy.id()), &copy);
+    QCOMPARE(system.object("s1"), &sample);
+    QCOMPARE(copy.name, sample.name);
+}
+
+void TestObject::destruction_and_delete_object_leave_the_repository() {
+    System system(true);
+    auto* deleted = new SampleObject(&system, "gone");
+    deleted->property("items");
+    deleted->method("recompute");
+    {
+        Object scoped(&system, "scoped");
+        QCOMPARE(system.repository().count(), 2);
+    }
+    QVERIFY(!system.object_exists("scoped"));
+    deleted->delete_object();
+    QVERIFY(!system.object_exists("gone"));
+    QCOMPARE(system.repository().count(), 0);
+
+    // Without a repository an object knows no system and stays unregistered.
+    Object loose("loose", nullptr);
+    QCOMPARE(loose.repository(), static_cast<Repository*>(nullptr));
+    QCOMPARE(loose.property("ID").id(), QString("loose.ID"));
+}
+
+void TestObject::property_list_with_pattern() {
+    System system(true);
+    SampleObject sample(&system, "s1");
+    QStringList out{"kept"};
+    sample.property_list(out, "^[nt]");
+    QCOMPARE(out, (QStringList{"kept", "s1.name", "s1.next", "s1.tags"}));
+    sample.property_list(out, "ID");
+    QCOMPARE(out.last(), QString("s1.ID"));
+    out.clear();
+    sample.property_list(out, "^Name$"); // case-sensitive: no match, only a warning
+    QVERIFY(out.isEmpty());
+}
+
+void TestObject::superclasses_run_from_the_root() {
+    System system(true);
+    SampleObject sample(&system, "s1");
+    QStringList bases;
+    sample.superclasses(bases);
+    QCOMPARE(bases, QStringList{"model::Object"});
+    QVERIFY(SampleObject::hashcode() != Object::hashcode());
+    QCOMPARE(sample.class_hashcode(), SampleObject::hashcode());
+    QCOMPARE(Object(&system).class_hashcode(), long(basic::hash_text("model::Object")));
+}
+
+void TestObject::object_to_xml_of_a_plain_object() {
+    System system(true);
+    Object plain(&system, "p1");
+    QCOMPARE(plain.object_to_xml(), QString("<object ID=\"p1\" VERSION=\"0\">\n"
+                                            "<classname>model::Object</classname>\n"
+                                            "<primitive name=\"ID\" VERSION=\"0\">p1</primitive>\n"
+                                            "</object>"));
+}
+
+void TestObject::object_to_xml_of_every_kind() {
+    System system(true);
+    SampleObject sample(&system, "s1");
+    static_cast<Primitive&>(sample.property("name")).set("Wall & <Door>");
+    sample.next = "s2";
+    sample.items = QStringList{"a", "b"};
+    sample.attributes = {{"k1", "v1"}, {"k2", "v2"}};
+    sample.tags = QStringList{"t1", "t2"};
+    sample.property("name").set_update_method("recompute", false);
+    sample.property("next").set_update_method("other::derive", true);
+    Method& recompute = sample.method("recompute");
+    recompute.last_update_versions().insert("s1.name", 3);
+    recompute.add_input_path("s1.next[name]");
+    recompute.add_output_path("s1.area");
+
+    const QString expected = QStringLiteral(R"(<object ID="s1" VERSION="1">
+<classname>test::Sample</classname>
+<primitive name="ID" VERSION="0">s1</primitive>
+<primitive name="name" VERSION="1" updatemethod="s1::recompute">Wall & <Door></primitive>
+<reference name="next" VERSION="0">s2</reference>
+<list name="items" VERSION="0">
+   <listelement  index="0">a</listelement>
+   <listelement  index="1">b</listelement>
+</list>
+<map name="attributes" VERSION="0">
+   <mapelement key="k1">v1</mapelement>
+   <mapelement key="k2">v2</mapelement>
+</map>
+<set name="tags" VERSION="0">
+   <setelement>t1</setelement>
+   <setelement>t2</setelement>
+</set>
+<method name="recompute" VERSION="0">
+  <lastupdate name="s1.name" version="3"/>
+  <inputpath name="s1.next[name]"/>
+  <outputpath name="s1.area"/>
+</method>
+</object>)");
+    QCOMPARE(sample.object_to_xml(), expected);
+    // Writing activated the virtual property but left it out of the text.
+    QVERIFY(sample.properties().contains("area"));
+}
+
+void TestObject::object_to_xml_reports_and_skips_missing_members() {
+    System system(true);
+    SampleObject sample(&system, "s1");
+    sample.publish_ghost = true;
+    const QString xml = sample.object_to_xml();
+    QVERIFY(!xml.contains("ghost"));
+    QVERIFY(xml.endsWith("<method name=\"recompute\" VERSION=\"0\">\n</method>\n</object>"));
+}
+
+void TestObject::to_xml_of_a_list_without_elements() {
+    System system(true);
+    Object plain(&system, "p1");
+    List list("l", &plain, 2, false);
+    QCOMPARE(list.count(), -1);
+    QCOMPARE(list.to_xml(), QString("<list name=\"l\" VERSION=\"0\">\n</list>"));
+    Map map("m", &plain, 2, false);
+    QCOMPARE(map.to_xml(), QString("<map name=\"m\" VERSION=\"0\">\n</map>"));
+    Set set("s", &plain, 2, false);
+    QCOMPARE(set.to_xml(), QString("<set name=\"s\" VERSION=\"0\">\n</set>"));
+}
+
+void TestObject::set_update_method_splits_the_path_data() {
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<bool>("implicit");
+    QTest::addColumn<QString>("full");
+    QTest::addColumn<QString>("xml");
+    QTest::newRow("owner's method") << "abc" << false << "p1::abc"
+                                    << "<primitive name=\"ID\" VERSION=\"0\" updatemethod=\"p1::abc\">p1</primitive>";
+    QTest::newRow("leading separator") << "::abc" << false << "p1::::abc"
+                                       << "<primitive name=\"ID\" VERSION=\"0\" updatemethod=\"p1::::abc\">p1</primitive>";
+    QTest::newRow("other object") << "o7::abc::def" << false << "o7::abc::def"
+                                  << "<primitive name=\"ID\" VERSION=\"0\" updatemethod=\"o7::abc::def\">p1</primitive>";
+    QTest::newRow("implicit") << "o7::abc" << true << "o7::abc"
+                              << "<primitive name=\"ID\" VERSION=\"0\">p1</primitive>";
+    QTest::newRow("none") << "" << false << "p1::" << "<primitive name=\"ID\" VERSION=\"0\">p1</primitive>";
+}
+
+void TestObject::set_update_method_splits_the_path() {
+    QFETCH(QString, path);
+    QFETCH(bool, implicit);
+    QFETCH(QString, full);
+    QFETCH(QString, xml);
+    System system(true);
+    Object plain(&system, "p1");
+    Property& id = plain.property("ID");
+    id.set_update_method(path, implicit);
+    QCOMPARE(id.has_update_method(), !path.isEmpty());
+    QCOMPARE(id.update_method(), full);
+    QCOMPARE(id.update_method_implicit(), implicit);
+    QCOMPARE(id.to_xml(), xml);
+}
+
+void TestObject::resolve_update_method() {
+    System system(true);
+    SampleObject owner(&system, "s1");
+    SampleObject other(&system, "s2");
+    Property& name = owner.property("name");
+    try {
+        name.resolve_update_method();
+        QFAIL("no exception");
+    } catch (const NoSuchMethod_Exception& e) {
+        QCOMPARE(e.text(), QString("No such method []"));
+    }
+
+    name.set_update_method("recompute", false);
+    QCOMPARE(&name.resolve_update_method(), &owner.method("recompute"));
+    name.set_update_method(" s2 ::recompute", false); // the identifier is trimmed on look-up
+    QCOMPARE(&name.resolve_update_method(), &other.method("recompute"));
+
+    // A failure reaches the caller as the base kind only.
+    name.set_update_method("s2::missing", false);
+    bool base_only = false;
+    try {
+        name.resolve_update_method();
+    } catch (const NoSuchMethod_Exception&) {
+        QFAIL("special kind escaped");
+    } catch (const basic::Exception& e) {
+        base_only = true;
+        QCOMPARE(e.text(), QString("No such method [missing]"));
+    }
+    QVERIFY(base_only);
+    name.set_update_method("nobody::recompute", false);
+    QVERIFY_EXCEPTION_THROWN(name.resolve_update_method(), basic::Exception);
+}
+
+void TestObject::method_path_bookkeeping() {
+    System system(true);
+    SampleObject sample(&system, "s1");
+    Method& method = sample.method("recompute");
+    QCOMPARE(method.id(), QString("s1::recompute"));
+    QCOMPARE(method.element_type(), METHOD_ELEMENT);
+    QCOMPARE(method.return_type(), 2);
+    QVERIFY(!method.needs_subupdate());
+
+    method.add_input_path("s1.name");
+    method.add_input_path("s1.next[name]");
+    method.add_input_path("s1.next[name]");
+    method.add_input_path("s1.items[tags]");
+    method.add_input_path("s1.next[ID]");
+    QVERIFY(method.needs_subupdate());
+    QCOMPARE(method.input_properties(), (QStringList{"s1.name", "s1.next", "s1.items"}));
+
+    method.remove_input_path("s1.next[name]");
+    method.remove_input_path("s1.items[tags]");
+    QCOMPARE(method.input_paths(), (QStringList{"s1.name", "s1.next[ID]"}));
+    QVERIFY(method.needs_subupdate());
+    method.remove_input_path("s1.next[ID]");
+    QVERIFY(!method.needs_subupdate());
+    method.remove_input_path("s1.name");
+    QVERIFY(method.input_paths().isEmpty());
+
+    method.add_output_path("s1.area");
+    method.add_output_path("s1.tags[x]");
+    QVERIFY(!method.needs_subupdate());
+    method.remove_output_path("s1.area");
+    QCOMPARE(method.output_paths(), QStringList{"s1.tags[x]"});
+
+    method.add_parameter("factor", 3, "scale factor");
+    QCOMPARE(method.parameters().size(), 1);
+    QCOMPARE(method.parameters().first()->name, QString("factor"));
+    QCOMPARE(method.parameters().first()->type, 3);
+}
+
+void TestObject::method_subupdate_properties_follow_references_and_lists() {
+    System system(true);
+    SampleObject sample(&system, "s1");
+    sample.next = "s2";
+    sample.items = QStringList{"s3", "s4"};
+    Method& method = sample.method("recompute");
+    method.add_input_path("s1.next[name]");
+    method.add_input_path("s1.items[tags]");
+    method.add_input_path("s1.name[x]");    // neither reference nor list: nothing
+    method.add_input_path("nobody.next[x]"); // fails: passed over
+    method.add_input_path("s1.area");
+    QCOMPARE(method.subupdate_properties(&system), (QStringList{"s2.name", "s3.tags", "s4.tags"}));
+}
+
+void TestObject::method_to_xml_and_invoke() {
+    System system(true);
+    SampleObject sample(&system, "s1");
+    Method& method = sample.method("recompute");
+    method.version(4);
+    method.add_input_path("s1.name");
+    QCOMPARE(method.to_xml(), QString("<method name=\"recompute\" VERSION=\"4\">\n"
+                                      "  <inputpath name=\"s1.name\"/>\n"
+                                      "</method>"));
+    QStringList args{"a", "b"};
+    QCOMPARE(method.invoke(args), QString("a+b"));
+    QCOMPARE(method.info(), QString(""));
+}
+
+void TestObject::print_of_an_object() {
+    System system(true);
+    SampleObject sample(&system, "s1");
+    sample.name = "Wall";
+    const Property& name = sample.property("name");
+    sample.method("recompute");
+    QString text;
+    QTextStream stream(&text);
+    sample.print("> ", stream, true);
+    stream.flush();
+
+    QString ptr;
+    QTextStream(&ptr) << static_cast<const void*>(&name);
+    const QString expected = QStringLiteral("> ID                 [s1]\n"
+                                            "> version            [0]\n"
+                                            "> class              [test::Sample]\n"
+                                            "\n"
+                                            "> [properties]\n"
+                                            "  > local name         [name]\n"
+                                            "  > ID                 [s1.name]\n"
+                                            "  > version            [0]\n"
+                                            "  > ptr                [") +
+                             ptr +
+                             QStringLiteral("]\n"
+                                            "  > type               [primitive]\n"
+                                            "  > datatype           [2]\n"
+                                            "  > virtual            [0]\n"
+                                            "  > has update method  [false]\n"
+                                            "  > value              [Wall]\n"
+                                            "> --\n"
+                                            "\n"
+                                            "> [methods]\n"
+                                            "  > ID                 [s1::recompute]\n"
+                                            "  > version            [0]\n"
+                                            "> --\n"
+                                            "> info  [Sample for tests.]\n");
+    QCOMPARE(text, expected);
+    QVERIFY(ptr.startsWith("0x"));
+
+    text.clear();
+    sample.property("name").set_update_method("o2::m", false);
+    sample.property("name").print("", stream, true);
+    stream.flush();
+    QVERIFY(text.contains("has update method  [true]\n    update method  <o2::m>\n"));
+    QVERIFY(text.endsWith("value              [Wall]\ninfo               [The name shown to users.]\n"));
+
+    text.clear();
+    Object(&system, "p").Element::print("", stream, true);
+    stream.flush();
+    QVERIFY(text.endsWith("info                [Baseclass of all objects.]\n"));
+}
+
+void TestObject::print_of_a_method() {
+    System system(true);
+    SampleObject sample(&system, "s1");
+    sample.next = "s2";
+    Method& method = sample.method("recompute");
+    method.last_update_versions().insert("s1.name", 7);
+    method.add_input_path("s1.name");
+    method.add_input_path("s1.next[tags]");
+    method.add_output_path("s1.area");
+    QString text;
+    QTextStream stream(&text);
+    method.print(&system, "# ", stream, false);
+    stream.flush();
+    QCOMPARE(text, QString("# local name       [recompute]\n"
+                           "# ID               [s1::recompute]\n"
+                           "# last versions of input property at update :\n"
+                           "#   [s1.name] v = <7> \n"
+                           "# needs subupdate  [true]\n"
+                           "#  property paths:\n"
+                           "#   <s1.next[tags]>\n"
+                           "#  current properties for subupdate:\n"
+                           "#   <s2.tags>\n"
+                           "# input properties :\n"
+                           "#   s1.name\n"
+                           "#   s1.next\n"
+                           "# output properties:\n"
+                           "#   <s1.area>\n"));
+
+    text.clear();
+    method.remove_input_path("s1.next[tags]");
+    method.print(&system, "", stream, false);
+    stream.flush();
+    QVERIFY(text.contains("needs subupdate  [false]\ninput properties :\n  s1.name\noutput"));
+}
+
+void TestObject::element_type_texts() {
+    const QStringList expected{"elementtype_unknown", "map", "list", "set", "primitive",
+                               "reference", "object", "method", "elementtype_unknown"};
+    for (int type = 0; type <= 8; ++type)
+        QCOMPARE(element_type_text(type), expected.at(type));
+}
+
+QTEST_GUILESS_MAIN(TestObject)
+#include "tst_object.moc"

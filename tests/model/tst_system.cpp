@@ -1,0 +1,309 @@
+#include "model/SampleObject.h"
+
+#include "model/Repository.h"
+#include "model/RepositoryP.h"
+#include "model/System.h"
+#include "model/exceptions.h"
+
+#include <QRegExp>
+#include <QtTest>
+
+using namespace model;
+
+class TestSystem : public QObject {
+    Q_OBJECT
+private slots:
+    void repository_stores_without_owning();
+    void object_trims_and_searches_transient_first();
+    void persistent_repositories_by_name();
+    void failed_lookup_reserves_the_repository_name();
+    void property_paths_data();
+    void property_paths();
+    void property_path_failures_data();
+    void property_path_failures();
+    void resolve_property_path_takes_one_step();
+    void cyclic_reference_values_end();
+    void system_has_no_methods();
+    void all_properties_asks_one_object_per_class();
+    void common_properties_judge_each_class_by_its_first_object();
+    void column_paths_are_owned_by_the_system();
+};
+
+/// Three samples a -> b -> c through their references "next", named after their identifiers.
+struct Chain {
+    System system{true};
+    SampleObject a{&system, "a"};
+    SampleObject b{&system, "b"};
+    SampleObject c{&system, "c"};
+    Chain() {
+        for (SampleObject* sample : {&a, &b, &c})
+            sample->name = "name of " + sample->id();
+        a.next = "b";
+        b.next = "c";
+        c.next = "";
+    }
+};
+
+void TestSystem::repository_stores_without_owning() {
+    System system(false);
+    QVERIFY(!system.quickSearch());
+    QVERIFY(!system.update_running());
+    system.update_count(1);
+    QVERIFY(system.update_running());
+    system.data().insert("host", 7);
+    QCOMPARE(system.data().value("host").toInt(), 7);
+    Repository& repository = system.repository();
+    QCOMPARE(&system.repository(), &repository);
+    QCOMPARE(repository.system(), &system);
+    QCOMPARE(repository.type(), QString("transient"));
+
+    Object plain(&system, "p");
+    SampleObject sample(&system, "s");
+    QCOMPARE(repository.count(), 2);
+    QVERIFY(repository.contains("s"));
+    QCOMPARE(repository.object("s"), &sample);
+    QCOMPARE(repository.object("nothing"), static_cast<Object*>(nullptr));
+
+    QStringList ids;
+    repository.ids(ids);
+    ids.sort();
+    QCOMPARE(ids, (QStringList{"p", "s"}));
+    QStringList samples{"x"};
+    repository.ids_of_class(samples, QRegExp("^test::"));
+    QCOMPARE(samples, (QStringList{"x", "s"}));
+
+    repository.remove("s");
+    QVERIFY(!repository.contains("s"));
+    QCOMPARE(sample.id(), QString("s")); // still alive
+    repository.insert(&sample);
+    repository.remove(&plain);
+    QCOMPARE(repository.count(), 1);
+    repository.clear();
+    QCOMPARE(repository.count(), 0);
+
+    // An entry under a reused identifier belongs to the last comer.
+    Object first(&system, "same");
+    Object second(&system, "same");
+    QCOMPARE(system.object("same"), &second);
+}
+
+void TestSystem::object_trims_and_searches_transient_first() {
+    System system(true);
+    RepositoryP stored(&system);
+    QVERIFY(system.add_repository(&stored, "store"));
+    SampleObject in_store("x", &stored);
+    SampleObject only_stored("y", &stored);
+    QCOMPARE(in_store.repository(), &stored);
+    QCOMPARE(in_store.system(), &system);
+    QCOMPARE(system.object(" x "), &in_store);
+    QCOMPARE(system.object("\ty\n"), &only_stored);
+
+    Object in_memory(&system, "x");
+    QCOMPARE(system.object("x"), &in_memory);
+    QCOMPARE(system.object("y"), &only_stored);
+    QVERIFY(system.object_exists("y "));
+    QVERIFY(!system.object_exists("z"));
+    QCOMPARE(system.object("z"), static_cast<Object*>(nullptr));
+}
+
+void TestSystem::persistent_repositories_by_name() {
+    System system(true);
+    RepositoryP first(&system);
+    RepositoryP second(&system);
+    QCOMPARE(first.type(), QString("persistent"));
+    QVERIFY(system.add_repository(&second, "zeta"));
+    QVERIFY(system.add_repository(&first, "alpha"));
+    QVERIFY(!system.add_repository(&first, "zeta"));
+    QCOMPARE(&system.repositoryP("zeta"), &second);
+
+    // Searched in name order: "alpha" before "zeta".
+    Object in_second("dup", &second);
+    Object in_first("dup", &first);
+    QCOMPARE(system.object("dup"), &in_first);
+
+    QStringList names{"kept"};
+    system.get_active_repositories(names);
+    QCOMPARE(names, (QStringList{"kept", "alpha", "zeta"}));
+    system.remove_repository("alpha");
+    QCOMPARE(system.persistent_repositories().keys(), QStringList{"zeta"});
+    QCOMPARE(system.object("dup"), &in_second);
+    QCOMPARE(first.object("dup"), &in_first); // a removed repository lives on
+}
+
+void TestSystem::failed_lookup_reserves_the_repository_name() {
+    System system(true);
+    RepositoryP repository(&system);
+    try {
+        system.repositoryP("x");
+        QFAIL("no exception");
+    } catch (const NoSuchRepository_Exception& e) {
+        QCOMPARE(e.text(), QString("No such repository [x]"));
+    }
+    QVERIFY(system.persistent_repositories().contains("x"));
+    QCOMPARE(system.persistent_repositories().value("x"), static_cast<RepositoryP*>(nullptr));
+    QVERIFY(!system.add_repository(&repository, "x"));
+    QVERIFY_EXCEPTION_THROWN(system.repositoryP("x"), basic::Exception);
+    // The null entry is passed over when objects are searched.
+    QCOMPARE(system.object("anything"), static_cast<Object*>(nullptr));
+}
+
+void TestSystem::property_paths_data() {
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QString>("owner");
+    QTest::addColumn<QString>("name");
+    QTest::newRow("direct") << "a.name" << "a"
+                            << "name";
+    QTest::newRow("through one reference") << "a.next.name" << "b"
+                                           << "name";
+    QTest::newRow("through two references") << "a.next.next.ID" << "c"
+                                            << "ID";
+    QTest::newRow("trimmed identifier") << " b .next.name" << "c"
+                                        << "name";
+    QTest::newRow("reference itself") << "a.next.next" << "b"
+                                      << "next";
+}
+
+void TestSystem::property_paths() {
+    QFETCH(QString, path);
+    QFETCH(QString, owner);
+    QFETCH(QString, name);
+    Chain chain;
+    Property& found = chain.system.property(path);
+    QCOMPARE(found.owner()->id(), owner);
+    QCOMPARE(found.local_name(), name);
+    QCOMPARE(&found, &chain.system.object(owner)->property(name));
+}
+
+void TestSystem::property_path_failures_data() {
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("no_such_property");
+    QTest::newRow("no dot") << "abc" << "Wrong ID. Excpected format [objID.localname] " << false;
+    QTest::newRow("unknown object") << "x.name" << "No object" << false;
+    QTest::newRow("unknown first object on a path") << "x.next.name" << "No object" << false;
+    QTest::newRow("unknown property") << "a.nothing" << "No property" << false;
+    QTest::newRow("unknown property at the end") << "a.next.nothing" << "No property" << false;
+    QTest::newRow("reference to nobody") << "c.next.name" << "No object" << false;
+    QTest::newRow("unknown reference on the way") << "a.nothing.name" << "No such property [nothing]" << true;
+}
+
+void TestSystem::property_path_failures() {
+    QFETCH(QString, path);
+    QFETCH(QString, text);
+    QFETCH(bool, no_such_property);
+    Chain chain;
+    try {
+        chain.system.property(path);
+        QFAIL("no exception");
+    } catch (const NoSuchProperty_Exception& e) {
+        QVERIFY(no_such_property);
+        QCOMPARE(e.text(), text);
+    } catch (const basic::Exception& e) {
+        QVERIFY(!no_such_property);
+        QCOMPARE(e.text(), text);
+    }
+}
+
+void TestSystem::resolve_property_path_takes_one_step() {
+    Chain chain;
+    QString path = "a.next.next.name";
+    QCOMPARE(chain.system.resolve_property_path(path), QString("a.next"));
+    QCOMPARE(path, QString("b.next.name"));
+    QCOMPARE(chain.system.resolve_property_path(path), QString("b.next"));
+    QCOMPARE(path, QString("c.name"));
+    QVERIFY(chain.system.resolve_property_path(path).isNull());
+    QCOMPARE(path, QString("c.name"));
+
+    path = "x.next.name";
+    QVERIFY(chain.system.resolve_property_path(path).isNull());
+    QCOMPARE(path, QString("x.next.name"));
+
+    // The middle property is read as a reference value whatever its kind: a primitive has none.
+    path = "a.name.ID";
+    QCOMPARE(chain.system.resolve_property_path(path), QString("a.name"));
+    QCOMPARE(path, QString(".ID"));
+}
+
+void TestSystem::cyclic_reference_values_end() {
+    Chain chain;
+    chain.a.next = "a.next"; // not an identifier: would lead back to the start for ever
+    try {
+        chain.system.property("a.next.name");
+        QFAIL("no exception");
+    } catch (const basic::Exception& e) {
+        QCOMPARE(e.text(), QString("No property"));
+    }
+}
+
+void TestSystem::system_has_no_methods() {
+    System system(true);
+    try {
+        system.method("run");
+        QFAIL("no exception");
+    } catch (const NoSuchMethod_Exception& e) {
+        QCOMPARE(e.text(), QString("No such method [run]"));
+    }
+}
+
+void TestSystem::all_properties_asks_one_object_per_class() {
+    System system(true);
+    SampleObject first(&system, "s1");
+    SampleObject second(&system, "s2");
+    second.publish_ghost = true;
+    Object plain(&system, "p");
+
+    QList<Object*> none;
+    QVERIFY(system.all_properties(none).isEmpty());
+
+    QList<Object*> samples{&first, &second};
+    QStringList names = system.all_properties(samples);
+    names.sort();
+    QCOMPARE(names, (QStringList{"ID", "area", "attributes", "items", "name", "next", "tags"}));
+
+    QList<Object*> reversed{&plain, &second, &first};
+    names = system.all_properties(reversed);
+    QVERIFY(names.contains("ghost"));
+    QCOMPARE(names.size(), 8);
+}
+
+void TestSystem::common_properties_judge_each_class_by_its_first_object() {
+    System system(true);
+    SampleObject first(&system, "s1");
+    SampleObject ghostly(&system, "s2");
+    ghostly.publish_ghost = true;
+    Object plain(&system, "p");
+
+    QList<Object*> none;
+    QVERIFY(system.common_properties(none).isEmpty());
+
+    QList<Object*> with_plain{&first, &plain};
+    QCOMPARE(system.common_properties(with_plain), QStringList{"ID"});
+
+    // "ghost" is listed but cannot be made: left out.
+    SampleObject untouched(&system, "s3");
+    QList<Object*> ghost_first{&ghostly, &untouched};
+    QStringList names = system.common_properties(ghost_first);
+    names.sort();
+    QCOMPARE(names, (QStringList{"ID", "area", "attributes", "items", "name", "next", "tags"}));
+    QVERIFY(untouched.properties().isEmpty()); // same class as the first: never asked
+}
+
+void TestSystem::column_paths_are_owned_by_the_system() {
+    System system(true);
+    QVERIFY(system.qs_columns().isEmpty());
+    QVERIFY(system.handled_columns().isEmpty());
+    QVERIFY(system.mapping_coordinates().isEmpty());
+    auto* column = reinterpret_cast<QSColumnAbstract*>(&system); // only its address is stored
+    QList<QSColumnAbstract*>* empty = system.newPath(nullptr);
+    QVERIFY(empty->isEmpty());
+    empty->append(column);
+    QList<QSColumnAbstract*>* copy = system.newPath(empty);
+    QVERIFY(copy != empty);
+    QCOMPARE(*copy, *empty);
+    system.deletePaths();
+    QList<QSColumnAbstract*>* later = system.newPath(nullptr);
+    QVERIFY(later->isEmpty()); // freed again by the destructor
+}
+
+QTEST_GUILESS_MAIN(TestSystem)
+#include "tst_system.moc"
