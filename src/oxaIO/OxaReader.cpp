@@ -647,6 +647,12 @@ void OxaReader::TokeniseDoubles(const std::wstring& text, std::vector<double>& v
 
 void OxaReader::SetFaceShape(EFaceShape) {}
 
+std::wstring OxaReader::MappedID(const wchar_t* value) {
+    // An attribute that is not there maps to nothing: only identifiers the document names
+    // take part in the identifier map.
+    return value ? GetObjectID(value) : std::wstring();
+}
+
 std::wstring OxaReader::GetObjectID(const std::wstring& id) {
     if (identifierMap.empty())
         return id;
@@ -688,7 +694,7 @@ void OxaReader::ReadIdNameUnit(CXMLSaxAttribut** attributes, std::wstring& id, s
     static const wchar_t* const names[] = {L"ID", L"name", L"unit"};
     const wchar_t* values[3];
     FindValues(attributes, names, values);
-    id = values[0] ? GetObjectID(values[0]) : std::wstring();
+    id = MappedID(values[0]);
     name = Text(values[1]);
     unit = Text(values[2]);
 }
@@ -717,11 +723,11 @@ void OxaReader::ReadObjectBaseAttributes(CXMLSaxAttribut** attributes, std::wstr
     static const wchar_t* const names[] = {L"ID", L"matID", L"name", L"negative", L"refID"};
     const wchar_t* values[5];
     FindValues(attributes, names, values);
-    id = values[0] ? GetObjectID(values[0]) : std::wstring();
-    materialId = values[1] ? GetObjectID(values[1]) : std::wstring();
+    id = MappedID(values[0]);
+    materialId = MappedID(values[1]);
     name = Text(values[2]);
     negative = Bool(values[3], false);
-    refId = values[4] ? GetObjectID(values[4]) : std::wstring();
+    refId = MappedID(values[4]);
 }
 
 void OxaReader::ReadPointAttributes(CXMLSaxAttribut** attributes, int& number, double& x, double& y,
@@ -813,7 +819,7 @@ void OxaReader::ReadViewAttributes(CXMLSaxAttribut** attributes, std::wstring& i
     static const wchar_t* const names[] = {L"ID", L"name", L"current", L"thumbnail"};
     const wchar_t* values[4];
     FindValues(attributes, names, values);
-    id = values[0] ? GetObjectID(values[0]) : std::wstring();
+    id = MappedID(values[0]);
     name = Text(values[1]);
     current = Bool(values[2], false);
     thumbnail = Text(values[3]);
@@ -867,15 +873,15 @@ void OxaReader::ReadSchedule(CXMLSaxAttribut** attributes) {
     static const wchar_t* const names[] = {L"ID", L"name", L"ref", L"duration"};
     const wchar_t* values[4];
     FindValues(attributes, names, values);
-    StartSchedule(GetObjectID(Text(values[0])), Text(values[1]), Text(values[2]), Int(values[3], -1));
+    StartSchedule(MappedID(values[0]), Text(values[1]), Text(values[2]), Int(values[3], -1));
 }
 
 void OxaReader::ReadActivity(CXMLSaxAttribut** attributes) {
     static const wchar_t* const names[] = {L"ID", L"name", L"wbs", L"duration", L"visType", L"refID"};
     const wchar_t* values[6];
     FindValues(attributes, names, values);
-    StartActivity(GetObjectID(Text(values[0])), Text(values[1]), Text(values[2]), Int(values[3], -1),
-                  Text(values[4]), GetObjectID(Text(values[5])));
+    StartActivity(MappedID(values[0]), Text(values[1]), Text(values[2]), Int(values[3], -1), Text(values[4]),
+                  MappedID(values[5]));
 }
 
 void OxaReader::ReadDateTimeGroup(CXMLSaxAttribut** attributes, int (&fields)[6]) {
@@ -912,7 +918,7 @@ void OxaReader::ReadMsgGrp(CXMLSaxAttribut** attributes) {
     static const wchar_t* const names[] = {L"ID", L"description"};
     const wchar_t* values[2];
     FindValues(attributes, names, values);
-    StartMsgGrp(GetObjectID(Text(values[0])), Text(values[1]));
+    StartMsgGrp(MappedID(values[0]), Text(values[1]));
 }
 
 void OxaReader::ReadMsgInfo(CXMLSaxAttribut** attributes) {
@@ -927,7 +933,7 @@ void OxaReader::ReadMsgInfo(CXMLSaxAttribut** attributes) {
     int f[6] = {0, 0, 0, 0, 0, 0};
     if (values[2])
         tavxmln::XMLConvertText2DateTime(values[2], f[0], f[1], f[2], f[3], f[4], f[5]);
-    const std::wstring level = values[3] ? GetObjectID(values[3]) : std::wstring();
+    const std::wstring level = MappedID(values[3]);
     StartMsgInfo(type, Text(values[1]), f[0], f[1], f[2], f[3], f[4], f[5], level);
 }
 
@@ -935,7 +941,7 @@ void OxaReader::ReadMsgSet(CXMLSaxAttribut** attributes) {
     static const wchar_t* const names[] = {L"refID"};
     const wchar_t* values[1];
     FindValues(attributes, names, values);
-    MsgSet(GetObjectID(Text(values[0])));
+    MsgSet(MappedID(values[0]));
 }
 
 void OxaReader::ReadObjects(CXMLSaxAttribut** attributes) {
@@ -1000,7 +1006,7 @@ void OxaReader::ReadData3D(CXMLSaxAttribut** attributes) {
     static const wchar_t* const names[] = {L"refID"};
     const wchar_t* values[1];
     FindValues(attributes, names, values);
-    StartData3D(values[0] ? GetObjectID(values[0]) : std::wstring());
+    StartData3D(MappedID(values[0]));
 }
 
 void OxaReader::ReadP(CXMLSaxAttribut** attributes) {
@@ -1020,8 +1026,7 @@ void OxaReader::ReadProperty(CXMLSaxAttribut** attributes) {
     static const wchar_t* const names[] = {L"refID", L"name", L"datatype", L"unit"};
     const wchar_t* values[4];
     FindValues(attributes, names, values);
-    StartProperty(values[0] ? GetObjectID(values[0]) : std::wstring(), Text(values[1]), Text(values[2]),
-                  Text(values[3]));
+    StartProperty(MappedID(values[0]), Text(values[1]), Text(values[2]), Text(values[3]));
 }
 
 void OxaReader::ReadVal(CXMLSaxAttribut**) {
@@ -1052,7 +1057,7 @@ void OxaReader::ReadSetContainer(CXMLSaxAttribut** attributes) {
     static const wchar_t* const names[] = {L"ID", L"name"};
     const wchar_t* values[2];
     FindValues(attributes, names, values);
-    StartSetContainer(GetObjectID(Text(values[0])), Text(values[1]));
+    StartSetContainer(MappedID(values[0]), Text(values[1]));
 }
 
 int OxaReader::ReadSet(CXMLSaxAttribut** attributes) {
@@ -1061,11 +1066,11 @@ int OxaReader::ReadSet(CXMLSaxAttribut** attributes) {
     FindValues(attributes, names, values);
     const wchar_t* type = values[3] ? values[3] : L"0";
     if (std::wcscmp(type, L"0") == 0) {
-        StartObjectSet(GetObjectID(Text(values[0])), Text(values[1]), Text(values[2]));
+        StartObjectSet(MappedID(values[0]), Text(values[1]), Text(values[2]));
         return esSet;
     }
     if (std::wcscmp(type, L"1") == 0) {
-        StartSmartSet(GetObjectID(Text(values[0])), Text(values[1]), Text(values[2]));
+        StartSmartSet(MappedID(values[0]), Text(values[1]), Text(values[2]));
         return esSmartSet;
     }
     return -1;
@@ -1204,8 +1209,8 @@ void OxaReader::ReadPair(CXMLSaxAttribut** attributes, int state) {
     static const wchar_t* const names[] = {L"L", L"R"};
     const wchar_t* values[2];
     FindValues(attributes, names, values);
-    std::wstring left = GetObjectID(Text(values[0]));
-    std::wstring right = GetObjectID(Text(values[1]));
+    std::wstring left = MappedID(values[0]);
+    std::wstring right = MappedID(values[1]);
     if (state == esContact)
         Contact(left, right);
     else
@@ -1233,23 +1238,21 @@ void OxaReader::ReadHRefRel(CXMLSaxAttribut** attributes) {
     static const wchar_t* const names[] = {L"refID", L"hRefL", L"hRefU"};
     const wchar_t* values[3];
     FindValues(attributes, names, values);
-    HRefRel(Text(values[0]), values[1] ? GetObjectID(values[1]) : std::wstring(),
-            values[2] ? GetObjectID(values[2]) : std::wstring());
+    HRefRel(Text(values[0]), MappedID(values[1]), MappedID(values[2]));
 }
 
 void OxaReader::ReadItem(CXMLSaxAttribut** attributes) {
     static const wchar_t* const names[] = {L"ID", L"key", L"matchKey", L"name", L"desc"};
     const wchar_t* values[5];
     FindValues(attributes, names, values);
-    StartItem(GetObjectID(Text(values[0])), Text(values[1]), Text(values[2]), Text(values[3]),
-              Text(values[4]));
+    StartItem(MappedID(values[0]), Text(values[1]), Text(values[2]), Text(values[3]), Text(values[4]));
 }
 
 void OxaReader::ReadItemData(CXMLSaxAttribut** attributes) {
     static const wchar_t* const names[] = {L"refID", L"desc"};
     const wchar_t* values[2];
     FindValues(attributes, names, values);
-    StartItemData(GetObjectID(Text(values[0])), Text(values[1]));
+    StartItemData(MappedID(values[0]), Text(values[1]));
 }
 
 void OxaReader::ReadFormula(CXMLSaxAttribut** attributes) {
@@ -1263,7 +1266,7 @@ void OxaReader::ReadResult(CXMLSaxAttribut** attributes) {
     static const wchar_t* const names[] = {L"refID", L"datatype", L"value", L"quality", L"geometry"};
     const wchar_t* values[5];
     FindValues(attributes, names, values);
-    StartResult(GetObjectID(Text(values[0])), Text(values[1]),
+    StartResult(MappedID(values[0]), Text(values[1]),
                 Double(values[2], std::numeric_limits<double>::quiet_NaN()), Int(values[3], 0),
                 Text(values[4]));
 }

@@ -290,6 +290,7 @@ private:
     bool ParentAllowed(const ElementRule& rule) const;
     void StartKnownElement(const ElementRule& rule, CXMLSaxAttribut** attributes);
 
+    std::wstring MappedID(const wchar_t* value);
     void ReadObjects(CXMLSaxAttribut** attributes);
     void ReadContent(CXMLSaxAttribut** attributes);
     void ReadContentSection(CXMLSaxAttribut** attributes);
