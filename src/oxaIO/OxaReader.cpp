@@ -3,7 +3,6 @@
 #include "tavxmln/CXMLSaxAttribut.h"
 #include "tavxmln/XMLConvert.h"
 
-#include <cmath>
 #include <cwchar>
 #include <limits>
 
