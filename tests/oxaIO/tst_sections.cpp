@@ -1,0 +1,386 @@
+#include "TestModel.h"
+
+#include "oxaIO/OxaActivitySection.h"
+#include "oxaIO/OxaFitSection.h"
+#include "oxaIO/OxaObjectSection.h"
+#include "oxaIO/OxaPropertySection.h"
+#include "oxaIO/OxaSetSection.h"
+#include "oxaIO/OxaTopologySection.h"
+#include "oxaIO/OxaUnitSection.h"
+#include "oxaIO/OxaVisualisationSection.h"
+
+#include <QtTest>
+
+#include <functional>
+
+using namespace oxaIO;
+using namespace testmodel;
+
+using Probe = std::function<bool()>;
+Q_DECLARE_METATYPE(Probe)
+
+namespace {
+
+VOxaPropertyType* MakeProperty(const std::wstring& refID, const std::wstring& name, const std::wstring& value,
+                               const std::wstring& unit = {}, const std::wstring& datatype = L"xs:double") {
+    auto* property = new VOxaPropertyType();
+    property->refID = refID;
+    property->name = name;
+    property->datatype = datatype;
+    property->value = value;
+    property->unit = unit;
+    return property;
+}
+
+struct ContactCall {
+    double eps;
+    std::wstring unit;
+    bool sym;
+};
+
+} // namespace
+
+Q_DECLARE_METATYPE(ContactCall)
+
+/// The sections of a document on their own: what they keep, how they group, when they are empty.
+class TestSections : public QObject {
+    Q_OBJECT
+private slots:
+    void init() { QCOMPARE(Counted::alive, 0); }
+    void cleanup() { QCOMPARE(Counted::alive, 0); }
+
+    void newPropertyIsAString() {
+        const VOxaPropertyType property;
+        QVERIFY(property.datatype == L"xs:string");
+        QVERIFY(property.refID.empty() && property.name.empty() && property.value.empty() &&
+                property.unit.empty());
+    }
+
+    void addPropertyIfNew() {
+        OxaPropertySection section;
+        QVERIFY(!section.AddPropertyIfNew(nullptr));
+        QVERIFY(section.IsEmpty());
+
+        QVERIFY(section.AddPropertyIfNew(MakeProperty(L"wall", L"height", L"2.5", L"m")));
+        VOxaPropertyType* const first = section.GetProperties().front();
+
+        // Same refID, name, datatype and unit: the first entry takes the new value.
+        VOxaPropertyType* const update = MakeProperty(L"wall", L"height", L"3.0", L"m");
+        QVERIFY(!section.AddPropertyIfNew(update));
+        QCOMPARE(section.GetProperties().size(), size_t(1));
+        QVERIFY(first->value == L"3.0");
+        QVERIFY(update->value == L"3.0");
+        delete update; // still the caller's
+
+        // Any other key field makes a new entry.
+        QVERIFY(section.AddPropertyIfNew(MakeProperty(L"wall", L"height", L"250", L"cm")));
+        QVERIFY(section.AddPropertyIfNew(MakeProperty(L"wall", L"height", L"2.5", L"m", L"xs:string")));
+        QVERIFY(section.AddPropertyIfNew(MakeProperty(L"wall", L"width", L"0.3", L"m")));
+        QVERIFY(section.AddPropertyIfNew(MakeProperty(L"slab", L"height", L"0.2", L"m")));
+        QCOMPARE(section.GetProperties().size(), size_t(5));
+        QVERIFY(first->value == L"3.0");
+
+        // A plain add never merges.
+        section.AddProperty(MakeProperty(L"wall", L"height", L"9", L"m"));
+        section.AddProperty(nullptr);
+        QCOMPARE(section.GetProperties().size(), size_t(6));
+        QVERIFY(first->value == L"3.0");
+    }
+
+    void setSectionKeepsSetsByIDWithoutOwningThem() {
+        ObjectSet b(L"b"), a(L"a"), otherA(L"a");
+        {
+            OxaSetSection section;
+            QVERIFY(section.IsEmpty());
+            section.AddSet(&b);
+            section.AddSet(&a);
+            section.AddSet(nullptr);
+            QCOMPARE(section.SetList(), (std::list<ISet*>{&a, &b}));
+            QCOMPARE(section.FindSet(L"b"), static_cast<ISet*>(&b));
+
+            section.AddSet(&otherA);
+            QCOMPARE(section.SetList(), (std::list<ISet*>{&otherA, &b}));
+
+            section.RemoveSet(&a); // no longer held: nothing changes
+            QCOMPARE(section.SetList().size(), size_t(2));
+            section.RemoveSet(&otherA);
+            QCOMPARE(section.SetList(), (std::list<ISet*>{&b}));
+        }
+        QCOMPARE(Counted::alive, 3); // the section deleted none of them
+    }
+
+    void findSetLeavesANullEntry() {
+        OxaSetSection section;
+        QVERIFY(section.FindSet(L"missing") == nullptr);
+        QVERIFY(!section.IsEmpty());
+        QCOMPARE(section.SetList(), (std::list<ISet*>{nullptr}));
+
+        ObjectSet found(L"missing");
+        section.AddSet(&found);
+        QCOMPARE(section.SetList(), (std::list<ISet*>{&found}));
+    }
+
+    void addContact_data() {
+        QTest::addColumn<std::vector<ContactCall>>("calls");
+        QTest::addColumn<std::vector<double>>("listEps");
+        QTest::addColumn<std::vector<int>>("listSizes");
+        QTest::addColumn<std::vector<bool>>("listSym");
+
+        QTest::newRow("mm and cm of one tolerance share a list")
+            << std::vector<ContactCall>{{5, L"mm", true}, {0.5, L"cm", false}} << std::vector<double>{0.005}
+            << std::vector<int>{2} << std::vector<bool>{true};
+        QTest::newRow("the first call decides sym")
+            << std::vector<ContactCall>{{0.01, L"m", false}, {10, L"mm", true}} << std::vector<double>{0.01}
+            << std::vector<int>{2} << std::vector<bool>{false};
+        QTest::newRow("other tolerance, new list in call order")
+            << std::vector<ContactCall>{{5, L"cm", true}, {5, L"mm", true}, {0.05, L"m", true}}
+            << std::vector<double>{0.05, 0.005} << std::vector<int>{2, 1} << std::vector<bool>{true, true};
+        QTest::newRow("unknown unit keeps the value")
+            << std::vector<ContactCall>{{0.25, L"furlong", true}, {0.25, L"", true}}
+            << std::vector<double>{0.25} << std::vector<int>{2} << std::vector<bool>{true};
+        QTest::newRow("feet scale by the system's factor")
+            << std::vector<ContactCall>{{2, L"foot", true}} << std::vector<double>{0.61}
+            << std::vector<int>{1} << std::vector<bool>{true};
+    }
+
+    void addContact() {
+        QFETCH(std::vector<ContactCall>, calls);
+        QFETCH(std::vector<double>, listEps);
+        QFETCH(std::vector<int>, listSizes);
+        QFETCH(std::vector<bool>, listSym);
+
+        OxaTopologySection section;
+        int pair = 0;
+        for (const ContactCall& call : calls) {
+            const std::wstring n = std::to_wstring(pair++);
+            VObjPairRelation relation{L"L" + n, L"R" + n};
+            section.AddContact(relation, call.eps, call.unit, call.sym);
+            section.AddIntersection(relation, call.eps, call.unit, call.sym);
+        }
+
+        // Contacts and intersections group alike but apart.
+        QCOMPARE(section.GetContacts().size(), listEps.size());
+        QCOMPARE(section.GetIntersections().size(), listEps.size());
+        auto contact = section.GetContacts().begin();
+        auto intersection = section.GetIntersections().begin();
+        for (size_t i = 0; i < listEps.size(); ++i, ++contact, ++intersection) {
+            QCOMPARE((*contact)->Eps(), listEps[i]);
+            QVERIFY((*contact)->Unit() == L"m");
+            QCOMPARE((*contact)->Sym(), bool(listSym[i]));
+            QCOMPARE(int((*contact)->GetContactRelations().size()), listSizes[i]);
+            QCOMPARE((*intersection)->Eps(), listEps[i]);
+            QCOMPARE(int((*intersection)->GetIntersectionRelations().size()), listSizes[i]);
+        }
+        const VObjPairRelation& first = section.GetContacts().front()->GetContactRelations().front();
+        QVERIFY(first.left == L"L0" && first.right == L"R0");
+    }
+
+    void emptiness_data() {
+        QTest::addColumn<Probe>("isEmpty");
+        QTest::addColumn<bool>("expected");
+
+        QTest::newRow("object: new") << Probe([] { return OxaObjectSection().IsEmpty(); }) << true;
+        QTest::newRow("object: a property") << Probe([] {
+            OxaObjectSection s;
+            s.PropertySection().AddProperty(new VOxaPropertyType());
+            return s.IsEmpty();
+        }) << false;
+        QTest::newRow("object: a set only") << Probe([] {
+            OxaObjectSection s;
+            ObjectSet set(L"s");
+            s.SetSection().AddSet(&set);
+            return s.IsEmpty();
+        }) << true;
+        QTest::newRow("object: an empty root container") << Probe([] {
+            OxaObjectSection s;
+            s.AddContainer(new Container(L"root"));
+            return s.IsEmpty();
+        }) << false;
+        QTest::newRow("object: a material") << Probe([] {
+            OxaObjectSection s;
+            s.AddMaterial(new Material(L"mat"));
+            return s.IsEmpty();
+        }) << false;
+        QTest::newRow("topology: new") << Probe([] { return OxaTopologySection().IsEmpty(); }) << true;
+        QTest::newRow("topology: a height level") << Probe([] {
+            OxaTopologySection s;
+            s.GetHRefDefinitions().push_back(new HRef(L"level 1"));
+            return s.IsEmpty();
+        }) << false;
+        QTest::newRow("topology: a height relation") << Probe([] {
+            OxaTopologySection s;
+            s.GetHRefRelations().push_back({L"wall", L"level 2", L"level 1"});
+            return s.IsEmpty();
+        }) << false;
+        QTest::newRow("topology: an intersection") << Probe([] {
+            OxaTopologySection s;
+            s.AddIntersection({L"a", L"b"}, 1, L"mm", true);
+            return s.IsEmpty();
+        }) << false;
+        QTest::newRow("topology: a property only") << Probe([] {
+            OxaTopologySection s;
+            s.PropertySection().AddProperty(new VOxaPropertyType());
+            return s.IsEmpty();
+        }) << true;
+        QTest::newRow("fit: new") << Probe([] { return OxaFitSection().IsEmpty(); }) << true;
+        QTest::newRow("fit: a root item without qto entries") << Probe([] {
+            OxaFitSection s;
+            Item root(L"root");
+            root.Add(new Item(L"sub"));
+            s.RootItem(&root);
+            return s.IsEmpty();
+        }) << true;
+        QTest::newRow("fit: a qto entry") << Probe([] {
+            OxaFitSection s;
+            s.AddItemData(new ItemData(L"root"));
+            return s.IsEmpty();
+        }) << false;
+        QTest::newRow("fit: a property") << Probe([] {
+            OxaFitSection s;
+            s.PropertySection().AddProperty(new VOxaPropertyType());
+            return s.IsEmpty();
+        }) << false;
+        QTest::newRow("unit: new") << Probe([] { return OxaUnitSection().IsEmpty(); }) << true;
+        QTest::newRow("unit: a unit") << Probe([] {
+            OxaUnitSection s;
+            s.AddUnit(new Unit());
+            return s.IsEmpty();
+        }) << false;
+        QTest::newRow("unit: a property") << Probe([] {
+            OxaUnitSection s;
+            s.PropertySection().AddProperty(new VOxaPropertyType());
+            return s.IsEmpty();
+        }) << false;
+        QTest::newRow("activity: new") << Probe([] { return OxaActivitySection().IsEmpty(); }) << true;
+        QTest::newRow("activity: properties and sets only") << Probe([] {
+            OxaActivitySection s;
+            ObjectSet set(L"s");
+            s.SetSection().AddSet(&set);
+            s.PropertySection().AddProperty(new VOxaPropertyType());
+            return s.IsEmpty();
+        }) << true;
+        QTest::newRow("activity: a schedule") << Probe([] {
+            OxaActivitySection s;
+            s.AddSchedule(new Schedule(L"plan"));
+            return s.IsEmpty();
+        }) << false;
+        QTest::newRow("visualisation: new")
+            << Probe([] { return OxaVisualisationSection().IsEmpty(); }) << true;
+        QTest::newRow("visualisation: containers without views") << Probe([] {
+            OxaVisualisationSection s;
+            s.AddViewContainer(new ViewContainer(L"a"));
+            s.AddViewContainer(new ViewContainer(L"b"));
+            return s.IsEmpty();
+        }) << true;
+        QTest::newRow("visualisation: a view in the second container") << Probe([] {
+            OxaVisualisationSection s;
+            s.AddViewContainer(new ViewContainer(L"a"));
+            auto* views = new ViewContainer(L"b");
+            views->AddView(new View(L"v"));
+            s.AddViewContainer(views);
+            return s.IsEmpty();
+        }) << false;
+        QTest::newRow("visualisation: a null container") << Probe([] {
+            OxaVisualisationSection s;
+            s.ViewContainers().push_back(nullptr);
+            return s.IsEmpty();
+        }) << true;
+    }
+
+    void emptiness() {
+        QFETCH(Probe, isEmpty);
+        QFETCH(bool, expected);
+        QCOMPARE(isEmpty(), expected);
+    }
+
+    void countPolygonsWithoutTesselation() {
+        OxaObjectSection section;
+        QCOMPARE(section.CountPolygonsWithoutTesselation(), 0);
+
+        auto* first = new Container(L"first");
+        auto* wall = first->Add(new Object3D(L"wall"));
+        wall->AddPolygon(new Polygon(0));
+        wall->AddPolygon(new Polygon(2));
+        wall->AddPolygon(new Polygon(0));
+        first->Add(new Object2D(L"plan"))->AddPolygon(new Polygon(0)); // 2D objects do not count
+        auto* storey = first->Add(new Container(L"storey"));
+        storey->Add(new Object3D(L"slab"))->AddPolygon(new Polygon(0));
+        auto* room = storey->Add(new Container(L"room"));
+        auto* door = room->Add(new Object3D(L"door"));
+        door->AddPolygon(new Polygon(0));
+        door->AddPolygon(new Polygon(0));
+        door->AddPolygon(new Polygon(1));
+        room->Add(new Object3D(L"window"));
+        section.AddContainer(first);
+
+        auto* second = new Container(L"second");
+        second->Add(new Object3D(L"roof"))->AddPolygon(new Polygon(0));
+        section.AddContainer(second);
+
+        QCOMPARE(section.CountPolygonsWithoutTesselation(), 6);
+    }
+
+    void rotationAndTranslationPerRootContainer() {
+        OxaObjectSection section;
+        auto* a = new Container(L"a");
+        auto* b = new Container(L"b");
+        section.AddContainer(a);
+        section.AddContainer(b);
+        QVERIFY(section.ContainerRotation(a) == nullptr && section.ContainerTranslation(a) == nullptr);
+
+        section.SetContainerRotTrans(a, new std::vector<double>(9, 0.5), new std::vector<double>{1, 2, 3});
+        auto* rotation = new std::vector<double>{1, 0, 0, 0, 1, 0, 0, 0, 1};
+        section.SetContainerRotTrans(a, rotation,
+                                     new std::vector<double>{4, 5, 6}); // replaces, frees the old
+        section.SetContainerRotTrans(b, nullptr, new std::vector<double>{7, 8, 9});
+
+        QVERIFY(section.ContainerRotation(a) == rotation);
+        QCOMPARE(*section.ContainerTranslation(a), (std::vector<double>{4, 5, 6}));
+        QVERIFY(section.ContainerRotation(b) == nullptr);
+        QCOMPARE(*section.ContainerTranslation(b), (std::vector<double>{7, 8, 9}));
+    }
+
+    void sectionsFreeWhatTheyHold() {
+        ObjectSet set(L"set");
+        Item rootItem(L"root");
+        {
+            OxaObjectSection objects;
+            auto* root = new Container(L"root");
+            root->Add(new Container(L"child"))->Add(new Object3D(L"o"))->AddPolygon(new Polygon(1));
+            objects.AddContainer(root);
+            objects.AddMaterial(new Material(L"m"));
+            objects.SetSection().AddSet(&set);
+
+            OxaTopologySection topology;
+            topology.GetHRefDefinitions().push_back(new HRef(L"h"));
+            topology.AddContact({L"a", L"b"}, 1, L"m", true);
+
+            OxaFitSection fit;
+            fit.RootItem(&rootItem);
+            fit.AddItemData(new ItemData(L"root"));
+            OxaUnitSection units;
+            units.AddUnit(new Unit());
+            OxaActivitySection activities;
+            activities.AddSchedule(new Schedule(L"plan"));
+            OxaVisualisationSection views;
+            views.AddViewContainer(new ViewContainer(L"vc"));
+            QCOMPARE(Counted::alive, 2 + 12);
+        }
+        // What remains is what the sections do not own: the set and the root item.
+        QCOMPARE(Counted::alive, 2);
+    }
+
+    void versions() {
+        QVERIFY(OxaObjectSection().Version() == L"1.5");
+        QVERIFY(OxaTopologySection().Version() == L"1.3");
+        QVERIFY(OxaFitSection().Version() == L"1.4");
+        QVERIFY(OxaUnitSection().Version() == L"1.4");
+        QVERIFY(OxaActivitySection().Version() == L"1.4");
+        QVERIFY(OxaVisualisationSection().Version() == L"1.4");
+        QVERIFY(OxaObjectSection().Unit() == L"unknown");
+        QVERIFY(OxaFitSection().unit == L"unknown");
+    }
+};
+
+QTEST_GUILESS_MAIN(TestSections)
+#include "tst_sections.moc"
