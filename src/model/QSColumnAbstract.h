@@ -72,8 +72,9 @@ public:
     /// ones are passed over.
     ///
     /// The walk skips only the column it came from and has no guard against cycles: the columns
-    /// of a system must form a tree, or the links between their items must die out. Hosts build
-    /// their columns that way and rely on the walk being a plain recursion without bookkeeping.
+    /// of a system must form a tree, or the links between their items must die out. The columns
+    /// a project builds (materials and their surfaces) form a tree, and the walk stays a plain
+    /// recursion without per-step bookkeeping.
     void filter(QList<int>& indices, QSColumnAbstract* from = nullptr);
     /// All items active again; `filtered()` back to 0.
     void clear_filter();
