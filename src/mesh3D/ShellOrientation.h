@@ -181,6 +181,10 @@ private:
         for (int e = 0; e < n; ++e) {
             geometry3D::Point* a = primitive->point(e);
             geometry3D::Point* b = primitive->point((e + 1) % n);
+            // A polygon that repeats its first point at the end has an edge of no length there;
+            // it joins nothing.
+            if (a == b)
+                continue;
             const int v = _map.corner_id(p, e);
             const int* listed = _map.list(v);
             for (int i = 0, count = _map.list_size(v); i < count; ++i) {

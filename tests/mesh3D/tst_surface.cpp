@@ -212,31 +212,47 @@ private slots:
         QCOMPARE(outward, 480000);
     }
 
+    void polygons_and_their_tessellations_turn_outward_data() {
+        QTest::addColumn<bool>("closing_point");
+        QTest::newRow("open lists") << false;
+        QTest::newRow("lists closed on their first point") << true;
+    }
     void polygons_and_their_tessellations_turn_outward() {
-        // A cube of six quadrilaterals, half of them wound inward, each tessellated in two
-        // triangles that follow the polygon's winding.
+        // Boxes of six quadrilaterals at scattered places, about half of them wound inward, each
+        // tessellated in two triangles that follow the polygon's winding.
+        QFETCH(bool, closing_point);
         model::System system(false);
         Surface surface(nullptr, &system, "s", basic::unit_m);
-        const fixtures::Mesh box = fixtures::cube();
-        QVector<Vertex*> v;
-        for (const auto& p : box.points)
-            v << surface.add(new Vertex(p[0], p[1], p[2]));
+        std::mt19937 random(4);
+        std::uniform_real_distribution<double> offset(-20, 20);
+        std::bernoulli_distribution flip(0.5);
         const int quads[6][4] = {{0, 2, 3, 1}, {4, 5, 7, 6}, {0, 1, 5, 4},
                                  {2, 6, 7, 3}, {0, 4, 6, 2}, {1, 3, 7, 5}};
-        for (int q = 0; q < 6; ++q) {
-            int corner[4];
-            for (int k = 0; k < 4; ++k)
-                corner[k] = quads[q][q % 2 ? 3 - k : k];
-            auto* polygon = new Polygon;
-            for (int k : corner)
-                polygon->append(v[k]);
-            surface.add(polygon);
-            polygon->AddToTessellation(new Triangle(v[corner[0]], v[corner[1]], v[corner[2]]));
-            polygon->AddToTessellation(new Triangle(v[corner[0]], v[corner[2]], v[corner[3]]));
+        QHash<Polygon*, std::array<double, 3>> centre_of;
+        for (int b = 0; b < 30; ++b) {
+            const std::array<double, 3> shift{offset(random), offset(random), offset(random)};
+            QVector<Vertex*> v;
+            for (const auto& p : fixtures::cube().points)
+                v << surface.add(new Vertex(p[0] + shift[0], p[1] + shift[1], p[2] + shift[2]));
+            for (const auto& quad : quads) {
+                const bool inward = flip(random);
+                int corner[4];
+                for (int k = 0; k < 4; ++k)
+                    corner[k] = quad[inward ? 3 - k : k];
+                auto* polygon = new Polygon;
+                for (int k : corner)
+                    polygon->append(v[k]);
+                if (closing_point)
+                    polygon->append(v[corner[0]]);
+                surface.add(polygon);
+                polygon->AddToTessellation(new Triangle(v[corner[0]], v[corner[1]], v[corner[2]]));
+                polygon->AddToTessellation(new Triangle(v[corner[0]], v[corner[2]], v[corner[3]]));
+                centre_of.insert(polygon, {shift[0] + 0.5, shift[1] + 0.5, shift[2] + 0.5});
+            }
         }
         surface.correct_normals();
-        const std::array<double, 3> centre{0.5, 0.5, 0.5};
         for (Polygon* polygon : surface.polygons()) {
+            const std::array<double, 3> centre = centre_of.value(polygon);
             const vmp::Vector n = polygon->calc_normal();
             double dot = 0;
             for (int k = 0; k < 3; ++k)
