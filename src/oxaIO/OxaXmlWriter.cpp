@@ -28,9 +28,11 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <cstdint>
 #include <exception>
 #include <set>
 #include <vector>
@@ -534,13 +536,12 @@ void OxaXmlWriter::_WriteData3D(const IObject3D* object)
     if (vertices.empty())
         return;
     writer->StartData3D(object->ID());
-    VertexNumbers numbers;
-    numbers.reserve(vertices.size());
+    VertexNumbers numbers(vertices.size());
     int number = 0;
     for (const IVertex* vertex : vertices) {
         if (!vertex)
             continue;
-        numbers.emplace(vertex, number);
+        numbers.Add(vertex, number);
         const VCoords3D p = _DocumentCoords({vertex->X(), vertex->Y(), vertex->Z()});
         writer->Point(number++, p.x, p.y, p.z);
     }
@@ -579,7 +580,7 @@ void OxaXmlWriter::_WriteData3D(const IObject3D* object)
 /// length, a tessellated polygon 3 per triangle of its tessellation. The run index advances
 /// over polygons that are skipped, so that the ones written still find their coordinates.
 void OxaXmlWriter::_WriteGeometry(const std::list<ITriangle*>& triangles, const std::list<IPolygon*>& polygons,
-                                  bool all, VertexNumbers& numbers)
+                                  bool all, const VertexNumbers& numbers)
 {
     for (const ITriangle* triangle : triangles)
         if (triangle && (all || triangle->IsRootGeometry()))
@@ -596,8 +597,41 @@ void OxaXmlWriter::_WriteGeometry(const std::list<ITriangle*>& triangles, const 
     }
 }
 
+OxaXmlWriter::VertexNumbers::VertexNumbers(std::size_t capacity)
+{
+    std::size_t size = 16;
+    shift = 60;
+    while (size < 2 * capacity) {
+        size *= 2;
+        --shift;
+    }
+    table.assign(size, {nullptr, 0});
+}
+
+std::size_t OxaXmlWriter::VertexNumbers::_Slot(const IVertex* vertex) const
+{
+    const std::size_t mask = table.size() - 1;
+    // Fibonacci hashing: the top bits of the product spread neighbouring addresses.
+    std::size_t slot = std::size_t((std::uint64_t(std::uintptr_t(vertex)) * 0x9E3779B97F4A7C15ull) >> shift);
+    while (table[slot].first && table[slot].first != vertex)
+        slot = (slot + 1) & mask;
+    return slot;
+}
+
+void OxaXmlWriter::VertexNumbers::Add(const IVertex* vertex, int number)
+{
+    auto& slot = table[_Slot(vertex)];
+    if (!slot.first)
+        slot = {vertex, number};
+}
+
+int OxaXmlWriter::VertexNumbers::operator[](const IVertex* vertex) const
+{
+    return vertex ? table[_Slot(vertex)].second : 0;
+}
+
 /// A vertex that is not one of the object's own is numbered 0.
-void OxaXmlWriter::_WriteTriangle(const ITriangle* triangle, int textureIndex, VertexNumbers& numbers)
+void OxaXmlWriter::_WriteTriangle(const ITriangle* triangle, int textureIndex, const VertexNumbers& numbers)
 {
     const int p1 = numbers[triangle->Vertex(0)];
     const int p2 = numbers[triangle->Vertex(1)];
@@ -612,7 +646,7 @@ void OxaXmlWriter::_WriteTriangle(const ITriangle* triangle, int textureIndex, V
 /// A polygon is written closed: its first vertex is repeated at the end unless it is there
 /// already. A tessellated polygon carries its coordinates in its triangles only.
 void OxaXmlWriter::_WritePolygon(const IPolygon* polygon, const std::list<ITriangle*>& tessellation,
-                                 int textureIndex, VertexNumbers& numbers)
+                                 int textureIndex, const VertexNumbers& numbers)
 {
     const int length = polygon->Length();
     std::vector<int> points;
@@ -636,7 +670,7 @@ void OxaXmlWriter::_WritePolygon(const IPolygon* polygon, const std::list<ITrian
 }
 
 /// Inside a face every triangle and polygon is written, root geometry or not.
-void OxaXmlWriter::_WriteFace(const IFace* face, VertexNumbers& numbers)
+void OxaXmlWriter::_WriteFace(const IFace* face, const VertexNumbers& numbers)
 {
     writer->StartFace();
     std::list<ITriangle*> triangles;

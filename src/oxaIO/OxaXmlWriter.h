@@ -6,7 +6,8 @@
 
 #include <list>
 #include <string>
-#include <unordered_map>
+#include <utility>
+#include <vector>
 
 namespace oxaIO {
 
@@ -59,7 +60,21 @@ public:
     bool Write(const std::wstring& fileName, std::wstring& errorText);
 
 private:
-    using VertexNumbers = std::unordered_map<const IVertex*, int>;
+    /// The numbers of an object's vertices, built for one `data3D` at a time: an open hash
+    /// table without a node per vertex, since a large object has hundreds of thousands.
+    class VertexNumbers {
+    public:
+        explicit VertexNumbers(std::size_t capacity);
+        /// Numbers the vertex unless it has a number already.
+        void Add(const IVertex* vertex, int number);
+        /// The vertex's number; 0 for a vertex that is not one of the object's own.
+        int operator[](const IVertex* vertex) const;
+
+    private:
+        std::size_t _Slot(const IVertex* vertex) const;
+        std::vector<std::pair<const IVertex*, int>> table;
+        unsigned shift; ///< 64 less the number of bits of a slot index
+    };
 
     void _WriteDocument(const std::wstring& fileName);
     void _WriteContent();
@@ -84,11 +99,11 @@ private:
     void _WriteObjectData(IContainer* container);
     void _WriteData3D(const IObject3D* object);
     void _WriteGeometry(const std::list<ITriangle*>& triangles, const std::list<IPolygon*>& polygons, bool all,
-                        VertexNumbers& numbers);
-    void _WriteTriangle(const ITriangle* triangle, int textureIndex, VertexNumbers& numbers);
+                        const VertexNumbers& numbers);
+    void _WriteTriangle(const ITriangle* triangle, int textureIndex, const VertexNumbers& numbers);
     void _WritePolygon(const IPolygon* polygon, const std::list<ITriangle*>& tessellation, int textureIndex,
-                       VertexNumbers& numbers);
-    void _WriteFace(const IFace* face, VertexNumbers& numbers);
+                       const VertexNumbers& numbers);
+    void _WriteFace(const IFace* face, const VertexNumbers& numbers);
     /// A position in the model's metres, in the unit of the document.
     VCoords3D _DocumentCoords(const VCoords3D& coords) const;
 

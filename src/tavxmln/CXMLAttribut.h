@@ -36,7 +36,7 @@ private:
 
     private:
         static constexpr std::size_t localSize = 40;
-        wchar_t local[localSize] = {};
+        wchar_t local[localSize]; // filled by every Assign, so left uninitialised here
         std::unique_ptr<wchar_t[]> heap;
     };
 

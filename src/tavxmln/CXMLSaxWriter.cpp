@@ -21,20 +21,26 @@ constexpr std::size_t blockSize = 256 * 1024;
 constexpr std::size_t maxCharBytes = 8;
 constexpr char replacement[] = "\xEF\xBF\xBD"; // U+FFFD
 
-/// What an ASCII character becomes: null when it is written as it is.
-const char* AsciiEscape(wchar_t c, bool attribute)
-{
-    switch (c) {
-    case L'&': return "&amp;";
-    case L'<': return "&lt;";
-    case L'>': return "&gt;";
-    case L'"': return "&quot;";
-    case L'\r': return "&#13;";
-    case L'\t': return attribute ? "&#9;" : nullptr;
-    case L'\n': return attribute ? "&#10;" : nullptr;
-    default: return c < 0x20 ? replacement : nullptr;
+/// What each ASCII character becomes in an attribute value (`attribute` true) or in text:
+/// null when it is written as it is.
+struct EscapeTable {
+    const char* text[128];
+    explicit EscapeTable(bool attribute)
+    {
+        for (int c = 0; c < 128; ++c)
+            text[c] = c < 0x20 ? replacement : nullptr;
+        text[int('&')] = "&amp;";
+        text[int('<')] = "&lt;";
+        text[int('>')] = "&gt;";
+        text[int('"')] = "&quot;";
+        text[int('\r')] = "&#13;";
+        text[int('\t')] = attribute ? "&#9;" : nullptr;
+        text[int('\n')] = attribute ? "&#10;" : nullptr;
     }
-}
+};
+
+const EscapeTable attributeEscapes(true);
+const EscapeTable textEscapes(false);
 
 bool IsXmlCharacter(char32_t c)
 {
@@ -96,6 +102,7 @@ void CXMLSaxWriter::_Begin(bool declaration, bool indent)
     indented = indent;
     startTagOpen = false;
     openElements.clear();
+    openNames.clear();
     fill = buffer.get();
     written = 0;
     if (declaration) {
@@ -134,9 +141,10 @@ void CXMLSaxWriter::StartElement(const wchar_t* name, CXMLAttribut** attributes)
         openElements.back().hasChildren = true;
     if (indented && (fill != buffer.get() || written > 0))
         _NewLine(openElements.size());
-    std::string utf8Name = _Encode(name);
+    const std::size_t nameStart = openNames.size();
+    _Encode(name, openNames);
     _AppendRaw("<", 1);
-    _AppendRaw(utf8Name.data(), utf8Name.size());
+    _AppendRaw(openNames.data() + nameStart, openNames.size() - nameStart);
     for (CXMLAttribut** attribute = attributes; attribute && *attribute; ++attribute) {
         _AppendRaw(" ", 1);
         _AppendName((*attribute)->Name());
@@ -144,7 +152,7 @@ void CXMLSaxWriter::StartElement(const wchar_t* name, CXMLAttribut** attributes)
         _AppendEscaped((*attribute)->Value(), true);
         _AppendRaw("\"", 1);
     }
-    openElements.push_back({std::move(utf8Name), false, false});
+    openElements.push_back({nameStart, false, false});
     startTagOpen = true;
 }
 
@@ -160,9 +168,10 @@ void CXMLSaxWriter::EndElement()
         if (indented && element.hasChildren && !element.hasText)
             _NewLine(openElements.size() - 1);
         _AppendRaw("</", 2);
-        _AppendRaw(element.name.data(), element.name.size());
+        _AppendRaw(openNames.data() + element.nameStart, openNames.size() - element.nameStart);
         _AppendRaw(">", 1);
     }
+    openNames.resize(element.nameStart);
     openElements.pop_back();
 }
 
@@ -246,7 +255,7 @@ void CXMLSaxWriter::_Reserve(std::size_t bytes)
         _Flush();
 }
 
-void CXMLSaxWriter::_AppendRaw(const char* text, std::size_t length)
+void CXMLSaxWriter::_AppendRawInBlocks(const char* text, std::size_t length)
 {
     while (length > 0) {
         _Reserve(1);
@@ -260,13 +269,17 @@ void CXMLSaxWriter::_AppendRaw(const char* text, std::size_t length)
 
 void CXMLSaxWriter::_AppendName(const wchar_t* name)
 {
-    const std::string utf8 = _Encode(name);
-    _AppendRaw(utf8.data(), utf8.size());
+    for (; name && *name; ++name) {
+        _Reserve(maxCharBytes);
+        if (*name < 0x80)
+            *fill++ = char(*name);
+        else
+            fill = _AppendCodePoint(fill, char32_t(*name));
+    }
 }
 
-std::string CXMLSaxWriter::_Encode(const wchar_t* name)
+void CXMLSaxWriter::_Encode(const wchar_t* name, std::string& utf8)
 {
-    std::string utf8;
     for (; name && *name; ++name) {
         if (*name < 0x80) {
             utf8 += char(*name);
@@ -275,53 +288,63 @@ std::string CXMLSaxWriter::_Encode(const wchar_t* name)
         const QByteArray encoded = QString::fromWCharArray(name, 1).toUtf8();
         utf8.append(encoded.constData(), std::size_t(encoded.size()));
     }
-    return utf8;
 }
 
 void CXMLSaxWriter::_AppendEscaped(const wchar_t* text, bool attribute)
 {
-    for (const wchar_t* c = text; *c; ++c) {
-        _Reserve(maxCharBytes);
-        const wchar_t ch = *c;
-        if (ch < 0x80) {
-            if (const char* escape = ch < 0x40 ? AsciiEscape(ch, attribute) : nullptr) {
-                const std::size_t length = std::strlen(escape);
-                std::memcpy(fill, escape, length);
-                fill += length;
-            } else {
-                *fill++ = char(ch);
+    const EscapeTable& escapes = attribute ? attributeEscapes : textEscapes;
+    const wchar_t* c = text;
+    while (*c) {
+        _Reserve(16 * maxCharBytes);
+        // Runs between checks of the room left: each character takes at most maxCharBytes.
+        char* out = fill;
+        char* const stop = limit - maxCharBytes;
+        for (; *c && out <= stop; ++c) {
+            const wchar_t ch = *c;
+            if (ch < 0x80) {
+                if (const char* escape = escapes.text[ch]) {
+                    const std::size_t length = std::strlen(escape);
+                    std::memcpy(out, escape, length);
+                    out += length;
+                } else {
+                    *out++ = char(ch);
+                }
+                continue;
             }
-            continue;
+            char32_t codePoint = char32_t(ch);
+            if (sizeof(wchar_t) == 2 && codePoint >= 0xD800 && codePoint < 0xDC00 && c[1] >= 0xDC00 &&
+                c[1] < 0xE000) {
+                codePoint = 0x10000 + ((codePoint - 0xD800) << 10) + (char32_t(c[1]) - 0xDC00);
+                ++c;
+            }
+            out = _AppendCodePoint(out, codePoint);
         }
-        char32_t codePoint = char32_t(ch);
-        if (sizeof(wchar_t) == 2 && codePoint >= 0xD800 && codePoint < 0xDC00 && c[1] >= 0xDC00 && c[1] < 0xE000) {
-            codePoint = 0x10000 + ((codePoint - 0xD800) << 10) + (char32_t(c[1]) - 0xDC00);
-            ++c;
-        }
-        _AppendCodePoint(codePoint);
+        fill = out;
     }
 }
 
-void CXMLSaxWriter::_AppendCodePoint(char32_t c)
+char* CXMLSaxWriter::_AppendCodePoint(char* out, char32_t c)
 {
     if (!IsXmlCharacter(c)) {
-        std::memcpy(fill, replacement, 3);
-        fill += 3;
-    } else if (c < 0x80) {
-        *fill++ = char(c);
-    } else if (c < 0x800) {
-        *fill++ = char(0xC0 | (c >> 6));
-        *fill++ = char(0x80 | (c & 0x3F));
-    } else if (c < 0x10000) {
-        *fill++ = char(0xE0 | (c >> 12));
-        *fill++ = char(0x80 | ((c >> 6) & 0x3F));
-        *fill++ = char(0x80 | (c & 0x3F));
-    } else {
-        *fill++ = char(0xF0 | (c >> 18));
-        *fill++ = char(0x80 | ((c >> 12) & 0x3F));
-        *fill++ = char(0x80 | ((c >> 6) & 0x3F));
-        *fill++ = char(0x80 | (c & 0x3F));
+        std::memcpy(out, replacement, 3);
+        return out + 3;
     }
+    if (c < 0x80) {
+        *out++ = char(c);
+    } else if (c < 0x800) {
+        *out++ = char(0xC0 | (c >> 6));
+        *out++ = char(0x80 | (c & 0x3F));
+    } else if (c < 0x10000) {
+        *out++ = char(0xE0 | (c >> 12));
+        *out++ = char(0x80 | ((c >> 6) & 0x3F));
+        *out++ = char(0x80 | (c & 0x3F));
+    } else {
+        *out++ = char(0xF0 | (c >> 18));
+        *out++ = char(0x80 | ((c >> 12) & 0x3F));
+        *out++ = char(0x80 | ((c >> 6) & 0x3F));
+        *out++ = char(0x80 | (c & 0x3F));
+    }
+    return out;
 }
 
 void CXMLSaxWriter::_Flush()

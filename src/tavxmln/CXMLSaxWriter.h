@@ -3,6 +3,7 @@
 #include "zentra_export.h"
 
 #include <cstdint>
+#include <cstring>
 #include <iosfwd>
 #include <memory>
 #include <string>
@@ -77,21 +78,31 @@ public:
 
 private:
     struct OpenElement {
-        std::string name;  ///< UTF-8
-        bool hasChildren;  ///< a child element was written inside
+        std::size_t nameStart; ///< where its name begins in `openNames`
+        bool hasChildren;      ///< a child element was written inside
         bool hasText;
     };
 
     void _Begin(bool declaration, bool indent);
     void _CloseStartTag();
     void _NewLine(std::size_t depth);
-    void _AppendRaw(const char* text, std::size_t length);
+    void _AppendRaw(const char* text, std::size_t length)
+    {
+        if (std::size_t(limit - fill) >= length) {
+            std::memcpy(fill, text, length);
+            fill += length;
+        } else {
+            _AppendRawInBlocks(text, length);
+        }
+    }
+    void _AppendRawInBlocks(const char* text, std::size_t length);
     void _AppendName(const wchar_t* name);
-    /// A name in UTF-8; names are the caller's own and are not escaped.
-    static std::string _Encode(const wchar_t* name);
+    /// Appends a name in UTF-8 to `utf8`; names are the caller's own and are not escaped.
+    static void _Encode(const wchar_t* name, std::string& utf8);
     /// Appends text in UTF-8 with the escapes of an attribute value or of element text.
     void _AppendEscaped(const wchar_t* text, bool attribute);
-    void _AppendCodePoint(char32_t codePoint);
+    /// Writes one character that is not ASCII at `out`, which has room for it.
+    static char* _AppendCodePoint(char* out, char32_t codePoint);
     void _Reserve(std::size_t bytes);
     void _Flush();
     void _CloseOutput();
@@ -109,6 +120,7 @@ private:
     bool indented = true;
     bool startTagOpen = false;
     std::vector<OpenElement> openElements;
+    std::string openNames; ///< the names of the open elements, one after the other
 };
 
 } // namespace tavxmln
