@@ -14,13 +14,14 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <vector>
 
 using namespace oxaIO;
 
 namespace {
 
-const int objectCount = 100;
+const int defaultObjectCount = 100;
 const int columns = 50; ///< quads per row of one object's grid
 const int rows = 100;
 const int runs = 3;
@@ -120,8 +121,10 @@ void PlainWrite(const QByteArray& bytes, const QString& path)
 
 } // namespace
 
-int main()
+/// The optional argument is the number of objects of 10 000 triangles each (100 by default).
+int main(int argc, char** argv)
 {
+    const int objectCount = argc > 1 ? std::max(1, std::atoi(argv[1])) : defaultObjectCount;
     QTemporaryDir dir;
     if (!dir.isValid()) {
         std::printf("no temporary folder\n");

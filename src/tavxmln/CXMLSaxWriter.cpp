@@ -147,7 +147,8 @@ void CXMLSaxWriter::StartElement(const wchar_t* name, CXMLAttribut** attributes)
     _AppendRaw(openNames.data() + nameStart, openNames.size() - nameStart);
     for (CXMLAttribut** attribute = attributes; attribute && *attribute; ++attribute) {
         _AppendRaw(" ", 1);
-        _AppendName((*attribute)->Name());
+        // Names are the caller's own; like text they never hold markup.
+        _AppendEscaped((*attribute)->Name(), false);
         _AppendRaw("=\"", 2);
         _AppendEscaped((*attribute)->Value(), true);
         _AppendRaw("\"", 1);
@@ -249,12 +250,6 @@ void CXMLSaxWriter::_NewLine(std::size_t depth)
     fill += 2 * depth;
 }
 
-void CXMLSaxWriter::_Reserve(std::size_t bytes)
-{
-    if (std::size_t(limit - fill) < bytes)
-        _Flush();
-}
-
 void CXMLSaxWriter::_AppendRawInBlocks(const char* text, std::size_t length)
 {
     while (length > 0) {
@@ -264,17 +259,6 @@ void CXMLSaxWriter::_AppendRawInBlocks(const char* text, std::size_t length)
         fill += part;
         text += part;
         length -= part;
-    }
-}
-
-void CXMLSaxWriter::_AppendName(const wchar_t* name)
-{
-    for (; name && *name; ++name) {
-        _Reserve(maxCharBytes);
-        if (*name < 0x80)
-            *fill++ = char(*name);
-        else
-            fill = _AppendCodePoint(fill, char32_t(*name));
     }
 }
 

@@ -96,14 +96,17 @@ private:
         }
     }
     void _AppendRawInBlocks(const char* text, std::size_t length);
-    void _AppendName(const wchar_t* name);
     /// Appends a name in UTF-8 to `utf8`; names are the caller's own and are not escaped.
     static void _Encode(const wchar_t* name, std::string& utf8);
     /// Appends text in UTF-8 with the escapes of an attribute value or of element text.
     void _AppendEscaped(const wchar_t* text, bool attribute);
     /// Writes one character that is not ASCII at `out`, which has room for it.
     static char* _AppendCodePoint(char* out, char32_t codePoint);
-    void _Reserve(std::size_t bytes);
+    void _Reserve(std::size_t bytes)
+    {
+        if (std::size_t(limit - fill) < bytes)
+            _Flush();
+    }
     void _Flush();
     void _CloseOutput();
     [[noreturn]] void _Misuse(const wchar_t* what) const;

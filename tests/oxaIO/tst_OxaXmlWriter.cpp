@@ -494,6 +494,7 @@ private slots:
     void failureKeepsTheOriginal();
     void unwritableFolder();
     void replacesTheOriginalOnSuccess();
+    void targetThatCannotBeReplaced();
 
 private:
     QString Path(const QString& name) const { return dir.filePath(name); }
@@ -529,13 +530,18 @@ void tst_OxaXmlWriter::roundTrip()
 
 void tst_OxaXmlWriter::writingTwiceGivesTheSameBytes()
 {
+    // Twice with one writer, and once more with another.
     OxaObjects document;
     BuildDocument(document, L"mm");
-    QVERIFY(Write(document, Path("first.oxaxml")));
-    QVERIFY(Write(document, Path("second.oxaxml")));
+    OxaXmlWriter writer(&document);
+    std::wstring error;
+    QVERIFY(writer.Write(Path("first.oxaxml").toStdWString(), error));
+    QVERIFY(writer.Write(Path("second.oxaxml").toStdWString(), error));
+    QVERIFY(Write(document, Path("third.oxaxml")));
     const QByteArray first = ReadFile(Path("first.oxaxml"));
     QVERIFY(first.size() > 1000);
-    QCOMPARE(ReadFile(Path("second.oxaxml")), first); QFile::copy(Path("first.oxaxml"), "/tmp/i10x/first.oxaxml");
+    QCOMPARE(ReadFile(Path("second.oxaxml")), first);
+    QCOMPARE(ReadFile(Path("third.oxaxml")), first); QFile::copy(Path("first.oxaxml"), "/tmp/i10x/first.oxaxml");
     QVERIFY(first.startsWith("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<objects "));
 }
 
@@ -734,6 +740,23 @@ void tst_OxaXmlWriter::replacesTheOriginalOnSuccess()
     QVERIFY(Write(document, target));
     QVERIFY(ReadFile(target).startsWith("<?xml"));
     QVERIFY(!QFileInfo::exists(target + ".part"));
+}
+
+void tst_OxaXmlWriter::targetThatCannotBeReplaced()
+{
+    // A folder in the way of the target: the document is complete in the partial file, and
+    // the text names both.
+    const QString target = Path("taken.oxaxml");
+    QVERIFY(QDir().mkpath(target + "/inside"));
+    OxaObjects document;
+    BuildDocument(document, L"m");
+    std::wstring error;
+    QVERIFY(!Write(document, target, &error));
+    const QString text = Text(error);
+    QVERIFY2(text.startsWith("cannot replace \"" + target + "\" by \"" + target + ".part\": "), qPrintable(text));
+    QVERIFY2(text.endsWith("; the partial document stands in \"" + target + ".part\")"), qPrintable(text));
+    QVERIFY(QFileInfo(target + "/inside").isDir());
+    QVERIFY(ReadFile(target + ".part").trimmed().endsWith("</objects>"));
 }
 
 QTEST_GUILESS_MAIN(tst_OxaXmlWriter)
