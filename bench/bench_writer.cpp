@@ -51,8 +51,7 @@ private:
 /// A wavy sheet of `columns` x `rows` quads, two triangles each, in metres.
 class GridObject : public IObject3D {
 public:
-    GridObject(int index) : id(L"sheet-" + std::to_wstring(index))
-    {
+    GridObject(int index) : id(L"sheet-" + std::to_wstring(index)) {
         vertices.reserve(std::size_t((columns + 1) * (rows + 1)));
         for (int r = 0; r <= rows; ++r)
             for (int c = 0; c <= columns; ++c)
@@ -70,16 +69,14 @@ public:
     }
     std::wstring ID() const override { return id; }
     std::wstring Name() const override { return {}; }
-    void Triangles(std::list<ITriangle*>* list) const override
-    {
+    void Triangles(std::list<ITriangle*>* list) const override {
         for (const GridTriangle& triangle : triangles)
             list->push_back(const_cast<GridTriangle*>(&triangle));
     }
     void Polygons(std::list<IPolygon*>*) const override {}
     void Faces(std::list<IFace*>*) const override {}
     void Solids(std::list<ISolid*>*) const override {}
-    void Vertices(std::list<IVertex*>* list) const override
-    {
+    void Vertices(std::list<IVertex*>* list) const override {
         for (const GridVertex& vertex : vertices)
             list->push_back(const_cast<GridVertex*>(&vertex));
     }
@@ -96,20 +93,19 @@ private:
     std::vector<GridTriangle> triangles;
 };
 
-template <typename Work> double BestSeconds(Work work)
-{
+template <typename Work> double BestSeconds(Work work) {
     double best = 1e300;
     for (int run = 0; run < runs; ++run) {
         const auto start = std::chrono::steady_clock::now();
         work();
-        best = std::min(best, std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
+        best =
+            std::min(best, std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
     }
     return best;
 }
 
 /// Writes the bytes in blocks of 256 KiB through the C library, the way any program would.
-void PlainWrite(const QByteArray& bytes, const QString& path)
-{
+void PlainWrite(const QByteArray& bytes, const QString& path) {
     std::FILE* file = std::fopen(QFile::encodeName(path).constData(), "wb");
     if (!file)
         return;
@@ -122,8 +118,7 @@ void PlainWrite(const QByteArray& bytes, const QString& path)
 } // namespace
 
 /// The optional argument is the number of objects of 10 000 triangles each (100 by default).
-int main(int argc, char** argv)
-{
+int main(int argc, char** argv) {
     const int objectCount = argc > 1 ? std::max(1, std::atoi(argv[1])) : defaultObjectCount;
     QTemporaryDir dir;
     if (!dir.isValid()) {

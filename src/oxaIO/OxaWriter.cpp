@@ -24,8 +24,7 @@ constexpr int valueError = 7;
 
 const wchar_t* const schemaInstance = L"http://www.w3.org/2001/XMLSchema-instance";
 
-std::wstring Triple(const VCoords3D& c)
-{
+std::wstring Triple(const VCoords3D& c) {
     std::wstring text = XMLConvertDouble2Text(c.x);
     text += L' ';
     text += XMLConvertDouble2Text(c.y);
@@ -34,8 +33,7 @@ std::wstring Triple(const VCoords3D& c)
     return text;
 }
 
-std::wstring CoordPairs(const std::vector<VCoords2D>& coords)
-{
+std::wstring CoordPairs(const std::vector<VCoords2D>& coords) {
     std::wstring text;
     for (const VCoords2D& c : coords) {
         if (!text.empty())
@@ -47,8 +45,7 @@ std::wstring CoordPairs(const std::vector<VCoords2D>& coords)
     return text;
 }
 
-bool InClosedRange(double value, double low, double high)
-{
+bool InClosedRange(double value, double low, double high) {
     return value >= low && value <= high;
 }
 
@@ -61,21 +58,18 @@ public:
     Attributes() = default;
     Attributes(const Attributes&) = delete;
     Attributes& operator=(const Attributes&) = delete;
-    ~Attributes()
-    {
+    ~Attributes() {
         for (int i = 0; i < count; ++i)
             pointers[i]->~CXMLAttribut();
     }
 
-    void Add(const wchar_t* name, const wchar_t* value)
-    {
+    void Add(const wchar_t* name, const wchar_t* value) {
         Q_ASSERT_X(count < capacity, "OxaWriter::Attributes", "more attributes than any element has");
         pointers[count] = new (&storage[count]) CXMLAttribut(name, value);
         ++count;
     }
     void Add(const wchar_t* name, const std::wstring& value) { Add(name, value.c_str()); }
-    void AddIfNotEmpty(const wchar_t* name, const std::wstring& value)
-    {
+    void AddIfNotEmpty(const wchar_t* name, const std::wstring& value) {
         if (!value.empty())
             Add(name, value.c_str());
     }
@@ -83,24 +77,20 @@ public:
     void AddLong(const wchar_t* name, long value) { Add(name, XMLConvertLong2Text(value)); }
     void AddBool(const wchar_t* name, bool value) { Add(name, XMLConvertBool2Text(value, false)); }
     void AddTriple(const wchar_t* name, const VCoords3D& value) { Add(name, Triple(value)); }
-    template <typename T> void AddOptionalDouble(const wchar_t* name, const VOptional<T>& value)
-    {
+    template <typename T> void AddOptionalDouble(const wchar_t* name, const VOptional<T>& value) {
         if (!value.IsAbsent())
             AddDouble(name, double(value.Value()));
     }
-    void AddOptionalLong(const wchar_t* name, const VOptional<long>& value)
-    {
+    void AddOptionalLong(const wchar_t* name, const VOptional<long>& value) {
         if (!value.IsAbsent())
             AddLong(name, value.Value());
     }
-    void AddOptionalBool(const wchar_t* name, const VOptional<bool>& value)
-    {
+    void AddOptionalBool(const wchar_t* name, const VOptional<bool>& value) {
         if (!value.IsAbsent())
             AddBool(name, value.Value());
     }
 
-    CXMLAttribut** Get()
-    {
+    CXMLAttribut** Get() {
         pointers[count] = nullptr;
         return pointers;
     }
@@ -122,53 +112,46 @@ OxaWriter::~OxaWriter() = default;
 // ----------------------------------------------------------------------------------------------
 // The checks and the element stack
 
-void OxaWriter::_Fail(int code, const std::wstring& text)
-{
+void OxaWriter::_Fail(int code, const std::wstring& text) {
     throw CXMLException(code, text.c_str());
 }
 
 /// The parent check of a Start or single-element operation. An empty stack passes: writing
 /// fragments outside a document is allowed.
-void OxaWriter::_Check(const wchar_t* word, std::initializer_list<int> allowed) const
-{
+void OxaWriter::_Check(const wchar_t* word, std::initializer_list<int> allowed) const {
     if (!elementStack.empty())
         _CheckStrict(word, allowed);
 }
 
-void OxaWriter::_CheckStrict(const wchar_t* word, std::initializer_list<int> allowed) const
-{
-    if (elementStack.empty() || std::find(allowed.begin(), allowed.end(), elementStack.back()) == allowed.end())
+void OxaWriter::_CheckStrict(const wchar_t* word, std::initializer_list<int> allowed) const {
+    if (elementStack.empty() ||
+        std::find(allowed.begin(), allowed.end(), elementStack.back()) == allowed.end())
         _Fail(stateError, std::wstring(word) + L": not allowed here");
 }
 
-void OxaWriter::_Open(int state, const wchar_t* name, Attributes& attributes)
-{
+void OxaWriter::_Open(int state, const wchar_t* name, Attributes& attributes) {
     StartElement(name, attributes.Get());
     elementStack.push_back(state);
 }
 
-void OxaWriter::_Close()
-{
+void OxaWriter::_Close() {
     EndElement();
     elementStack.pop_back();
 }
 
-void OxaWriter::_Single(int state, const wchar_t* name, Attributes& attributes, const wchar_t* text)
-{
+void OxaWriter::_Single(int state, const wchar_t* name, Attributes& attributes, const wchar_t* text) {
     _Open(state, name, attributes);
     if (text)
         Characters(text);
     _Close();
 }
 
-void OxaWriter::_End(const wchar_t* word, int state)
-{
+void OxaWriter::_End(const wchar_t* word, int state) {
     _CheckStrict(word, {state});
     _Close();
 }
 
-std::wstring OxaWriter::MapID(const std::wstring& id, bool skipEmpty) const
-{
+std::wstring OxaWriter::MapID(const std::wstring& id, bool skipEmpty) const {
     if (idMap.empty() || (skipEmpty && id.empty()))
         return id;
     const auto entry = idMap.find(id);
@@ -177,8 +160,7 @@ std::wstring OxaWriter::MapID(const std::wstring& id, bool skipEmpty) const
     return entry->second;
 }
 
-void OxaWriter::_CheckAngle(double value, const wchar_t* attribute)
-{
+void OxaWriter::_CheckAngle(double value, const wchar_t* attribute) {
     if (!InClosedRange(value, 0.0, 360.0))
         _Fail(valueError, std::wstring(L"value for ") + attribute + L" not allowed");
 }
@@ -187,9 +169,8 @@ void OxaWriter::_CheckAngle(double value, const wchar_t* attribute)
 // Document
 
 void OxaWriter::StartOxaDocument(const wstring& projectID, const wstring& createdBy, const wstring& sourceApp,
-                                 const wstring& sourceFormat, int year, int month, int day, int hour, int minute,
-                                 int second)
-{
+                                 const wstring& sourceFormat, int year, int month, int day, int hour,
+                                 int minute, int second) {
     if (!elementStack.empty())
         _Fail(stateError, L"StartOxaDocument: Document already in progress");
     Attributes attributes;
@@ -204,28 +185,24 @@ void OxaWriter::StartOxaDocument(const wstring& projectID, const wstring& create
     _Open(esObjects, L"objects", attributes);
 }
 
-void OxaWriter::EndOxaDocument()
-{
+void OxaWriter::EndOxaDocument() {
     _End(L"EndOxaDocument", esObjects);
     if (!elementStack.empty())
         _Fail(stateError, L"EndOxaDocument: document not finished");
 }
 
-void OxaWriter::StartContent()
-{
+void OxaWriter::StartContent() {
     _Check(L"StartContent", {esObjects});
     Attributes attributes;
     attributes.Add(L"version", L"1.2");
     _Open(esContent, L"content", attributes);
 }
 
-void OxaWriter::EndContent()
-{
+void OxaWriter::EndContent() {
     _End(L"EndContent", esContent);
 }
 
-void OxaWriter::Section(ESectionType type)
-{
+void OxaWriter::Section(ESectionType type) {
     _Check(L"Section", {esContent});
     if (type == stNone || type == stObjectDataSection || type == stClashSection || !SectionName(type))
         _Fail(stateError, L"Section: unknown section type");
@@ -234,8 +211,7 @@ void OxaWriter::Section(ESectionType type)
     _Single(esSection, L"section", attributes);
 }
 
-void OxaWriter::IDMapping(const std::set<wstring>& ids)
-{
+void OxaWriter::IDMapping(const std::set<wstring>& ids) {
     _Check(L"IDMapping", {esObjects});
     idMap.clear();
     long number = 0;
@@ -258,16 +234,15 @@ void OxaWriter::IDMapping(const std::set<wstring>& ids)
 // ----------------------------------------------------------------------------------------------
 // Object section
 
-void OxaWriter::_VersionedSection(const wchar_t* word, int state, const wchar_t* name, const wchar_t* version)
-{
+void OxaWriter::_VersionedSection(const wchar_t* word, int state, const wchar_t* name,
+                                  const wchar_t* version) {
     _Check(word, {esObjects});
     Attributes attributes;
     attributes.Add(L"version", version);
     _Open(state, name, attributes);
 }
 
-void OxaWriter::StartObjectSection(const wstring& unit)
-{
+void OxaWriter::StartObjectSection(const wstring& unit) {
     _Check(L"StartObjectSection", {esObjects});
     Attributes attributes;
     attributes.Add(L"unit", unit);
@@ -275,38 +250,32 @@ void OxaWriter::StartObjectSection(const wstring& unit)
     _Open(esObjectSection, L"objectSection", attributes);
 }
 
-void OxaWriter::EndObjectSection()
-{
+void OxaWriter::EndObjectSection() {
     _End(L"EndObjectSection", esObjectSection);
 }
 
-void OxaWriter::StartObjectDataSection()
-{
+void OxaWriter::StartObjectDataSection() {
     _VersionedSection(L"StartObjectDataSection", esObjectDataSection, L"objectDataSection", L"1.5");
 }
 
-void OxaWriter::EndObjectDataSection()
-{
+void OxaWriter::EndObjectDataSection() {
     _End(L"EndObjectDataSection", esObjectDataSection);
 }
 
-void OxaWriter::StartMaterialSection()
-{
+void OxaWriter::StartMaterialSection() {
     _Check(L"StartMaterialSection", {esObjectSection, esFitSection});
     Attributes attributes;
     attributes.Add(L"version", L"1.4");
     _Open(esMaterialSection, L"materialSection", attributes);
 }
 
-void OxaWriter::EndMaterialSection()
-{
+void OxaWriter::EndMaterialSection() {
     _End(L"EndMaterialSection", esMaterialSection);
 }
 
 /// An element with a mapped `ID` and a `name` when there is one.
-void OxaWriter::_IDName(const wchar_t* word, std::initializer_list<int> allowed, int state, const wchar_t* name,
-                        const wstring& id, const wstring& displayName, bool single)
-{
+void OxaWriter::_IDName(const wchar_t* word, std::initializer_list<int> allowed, int state,
+                        const wchar_t* name, const wstring& id, const wstring& displayName, bool single) {
     _Check(word, allowed);
     Attributes attributes;
     attributes.Add(L"ID", MapID(id, false));
@@ -317,73 +286,63 @@ void OxaWriter::_IDName(const wchar_t* word, std::initializer_list<int> allowed,
         _Open(state, name, attributes);
 }
 
-void OxaWriter::StartMaterial(const wstring& id, const wstring& name)
-{
+void OxaWriter::StartMaterial(const wstring& id, const wstring& name) {
     _IDName(L"StartMaterial", {esMaterialSection}, esMaterial, L"material", id, name, false);
 }
 
-void OxaWriter::MaterialDiff(int r, int g, int b, VOptional<double> a)
-{
+void OxaWriter::MaterialDiff(int r, int g, int b, VOptional<double> a) {
     _Check(L"MaterialDiff", {esMaterial});
     WriteColor(esDiff, L"diff", r, g, b, a);
 }
 
-void OxaWriter::MaterialSpec(int r, int g, int b, VOptional<double> a)
-{
+void OxaWriter::MaterialSpec(int r, int g, int b, VOptional<double> a) {
     _Check(L"MaterialSpec", {esMaterial});
     WriteColor(esSpec, L"spec", r, g, b, a);
 }
 
-void OxaWriter::MaterialAmb(int r, int g, int b, VOptional<double> a)
-{
+void OxaWriter::MaterialAmb(int r, int g, int b, VOptional<double> a) {
     _Check(L"MaterialAmb", {esMaterial});
     WriteColor(esAmb, L"amb", r, g, b, a);
 }
 
-void OxaWriter::MaterialTrans(double value)
-{
+void OxaWriter::MaterialTrans(double value) {
     _Check(L"MaterialTrans", {esMaterial});
     Attributes attributes;
     attributes.AddDouble(L"v", value);
     _Single(esTrans, L"trans", attributes);
 }
 
-void OxaWriter::MaterialTexture(const wstring& file)
-{
+void OxaWriter::MaterialTexture(const wstring& file) {
     _Check(L"MaterialTexture", {esMaterial});
     Attributes attributes;
     attributes.Add(L"file", file);
     _Single(esTex, L"tex", attributes);
 }
 
-void OxaWriter::EndMaterial()
-{
+void OxaWriter::EndMaterial() {
     _End(L"EndMaterial", esMaterial);
 }
 
-void OxaWriter::GenericObject(const wstring& id, const wstring& name)
-{
+void OxaWriter::GenericObject(const wstring& id, const wstring& name) {
     _IDName(L"GenericObject", {esContainer}, esGenericObject, L"genericObject", id, name, true);
 }
 
-void OxaWriter::StartRootContainer(const wstring& id, const wstring& name)
-{
+void OxaWriter::StartRootContainer(const wstring& id, const wstring& name) {
     _Check(L"StartRootContainer", {esObjectSection});
     Attributes attributes;
     attributes.Add(L"ID", MapID(id, false));
-    attributes.Add(L"mRot", L"1.000000 0.000000 0.000000 0.000000 1.000000 0.000000 0.000000 0.000000 1.000000");
+    attributes.Add(L"mRot",
+                   L"1.000000 0.000000 0.000000 0.000000 1.000000 0.000000 0.000000 0.000000 1.000000");
     attributes.Add(L"vTrans", L"0.000000 0.000000 0.000000");
     attributes.AddIfNotEmpty(L"name", name);
     _Open(esRootContainer, L"rootContainer", attributes);
 }
 
-void OxaWriter::EndRootContainer()
-{
+void OxaWriter::EndRootContainer() {
     _End(L"EndRootContainer", esRootContainer);
 }
 
-void OxaWriter::StartContainer(const wstring& id, const wstring& name, const wstring& unit, bool composite)
-{
+void OxaWriter::StartContainer(const wstring& id, const wstring& name, const wstring& unit, bool composite) {
     _Check(L"StartContainer", {esObjectSection, esContainer, esRootContainer});
     Attributes attributes;
     attributes.Add(L"ID", MapID(id, false));
@@ -394,14 +353,13 @@ void OxaWriter::StartContainer(const wstring& id, const wstring& name, const wst
     _Open(esContainer, L"container", attributes);
 }
 
-void OxaWriter::EndContainer()
-{
+void OxaWriter::EndContainer() {
     _End(L"EndContainer", esContainer);
 }
 
 void OxaWriter::_ObjectStart(const wchar_t* word, int state, const wchar_t* name, const wstring& id,
-                             const wstring& displayName, const wstring& matID, bool negative, const wstring& refID)
-{
+                             const wstring& displayName, const wstring& matID, bool negative,
+                             const wstring& refID) {
     _Check(word, {esContainer});
     Attributes attributes;
     attributes.Add(L"ID", MapID(id, false));
@@ -414,55 +372,46 @@ void OxaWriter::_ObjectStart(const wchar_t* word, int state, const wchar_t* name
 }
 
 void OxaWriter::StartObject2D(const wstring& id, const wstring& name, const wstring& matID, bool negative,
-                              const wstring& refID)
-{
+                              const wstring& refID) {
     _ObjectStart(L"StartObject2D", esObject2D, L"object2D", id, name, matID, negative, refID);
 }
 
-void OxaWriter::EndObject2D()
-{
+void OxaWriter::EndObject2D() {
     _End(L"EndObject2D", esObject2D);
 }
 
 void OxaWriter::StartObject3D(const wstring& id, const wstring& name, const wstring& matID, bool negative,
-                              const wstring& refID)
-{
+                              const wstring& refID) {
     _ObjectStart(L"StartObject3D", esObject3D, L"object3D", id, name, matID, negative, refID);
 }
 
-void OxaWriter::EndObject3D()
-{
+void OxaWriter::EndObject3D() {
     _End(L"EndObject3D", esObject3D);
 }
 
-void OxaWriter::StartData3D(const wstring& refID)
-{
+void OxaWriter::StartData3D(const wstring& refID) {
     _Check(L"StartData3D", {esObjectDataSection, esContainer});
     Attributes attributes;
     attributes.Add(L"refID", MapID(refID, true));
     _Open(esData3D, L"data3D", attributes);
 }
 
-void OxaWriter::EndData3D()
-{
+void OxaWriter::EndData3D() {
     _End(L"EndData3D", esData3D);
 }
 
-void OxaWriter::StartGenericObject(const wstring& id, const wstring& name)
-{
+void OxaWriter::StartGenericObject(const wstring& id, const wstring& name) {
     _IDName(L"StartGenericObject", {esContainer}, esGenericObject, L"genericObject", id, name, false);
 }
 
-void OxaWriter::EndGenericObject()
-{
+void OxaWriter::EndGenericObject() {
     _End(L"EndGenericObject", esGenericObject);
 }
 
 // ----------------------------------------------------------------------------------------------
 // Geometry
 
-void OxaWriter::Point(int nr, double x, double y, double z)
-{
+void OxaWriter::Point(int nr, double x, double y, double z) {
     _Check(L"Point", {esObject2D, esData3D});
     Attributes attributes;
     attributes.AddLong(L"nr", nr);
@@ -472,8 +421,7 @@ void OxaWriter::Point(int nr, double x, double y, double z)
     _Single(esP, L"p", attributes);
 }
 
-void OxaWriter::Line(int p1, int p2)
-{
+void OxaWriter::Line(int p1, int p2) {
     _Check(L"Line", {esObject2D, esData3D});
     Attributes attributes;
     attributes.AddLong(L"p1", p1);
@@ -481,8 +429,7 @@ void OxaWriter::Line(int p1, int p2)
     _Single(esL, L"l", attributes);
 }
 
-void OxaWriter::Triangle(int p1, int p2, int p3, const std::vector<VCoords2D>& textureCoords)
-{
+void OxaWriter::Triangle(int p1, int p2, int p3, const std::vector<VCoords2D>& textureCoords) {
     _Check(L"Triangle", {esObject2D, esData3D, esTess, esSolid, esFace});
     Attributes attributes;
     attributes.AddLong(L"p1", p1);
@@ -498,8 +445,7 @@ void OxaWriter::Triangle(int p1, int p2, int p3, const std::vector<VCoords2D>& t
 }
 
 void OxaWriter::StartPolyline(const std::vector<int>& points, const std::vector<VCoords2D>& textureCoords,
-                              EPolylineType type)
-{
+                              EPolylineType type) {
     _Check(L"StartPolyline", {esObject2D, esData3D, esSolid, esFace});
     std::wstring indices;
     indices.reserve(points.size() * 7);
@@ -523,52 +469,44 @@ void OxaWriter::StartPolyline(const std::vector<int>& points, const std::vector<
     }
 }
 
-void OxaWriter::StartTesselation()
-{
+void OxaWriter::StartTesselation() {
     _Check(L"StartTesselation", {esPl});
     Attributes attributes;
     _Open(esTess, L"tess", attributes);
 }
 
-void OxaWriter::EndTesselation()
-{
+void OxaWriter::EndTesselation() {
     _End(L"EndTesselation", esTess);
 }
 
-void OxaWriter::EndPolyline()
-{
+void OxaWriter::EndPolyline() {
     _End(L"EndPolyline", esPl);
 }
 
-void OxaWriter::StartSolid()
-{
+void OxaWriter::StartSolid() {
     _Check(L"StartSolid", {esData3D});
     Attributes attributes;
     _Open(esSolid, L"solid", attributes);
 }
 
-void OxaWriter::EndSolid()
-{
+void OxaWriter::EndSolid() {
     _End(L"EndSolid", esSolid);
 }
 
-void OxaWriter::StartFace()
-{
+void OxaWriter::StartFace() {
     _Check(L"StartFace", {esData3D, esSolid});
     Attributes attributes;
     _Open(esFace, L"face", attributes);
 }
 
-void OxaWriter::EndFace()
-{
+void OxaWriter::EndFace() {
     _End(L"EndFace", esFace);
 }
 
 /// The 2D vocabulary compares the top of the stack with `object2D` twice: unlike `Point` and
 /// `Line`, it is not allowed under `data3D`, and hosts that write 2D drawings rely on that.
 void OxaWriter::Arc(int cp, double radius, double a1, double a2, VOptional<double> nvx, VOptional<double> nvy,
-                    VOptional<double> nvz)
-{
+                    VOptional<double> nvz) {
     _Check(L"Arc", {esObject2D, esObject2D});
     _CheckAngle(a1, L"a1");
     _CheckAngle(a2, L"a2");
@@ -583,8 +521,8 @@ void OxaWriter::Arc(int cp, double radius, double a1, double a2, VOptional<doubl
     _Single(esA, L"a", attributes);
 }
 
-void OxaWriter::Circle(int cp, double radius, VOptional<double> nvx, VOptional<double> nvy, VOptional<double> nvz)
-{
+void OxaWriter::Circle(int cp, double radius, VOptional<double> nvx, VOptional<double> nvy,
+                       VOptional<double> nvz) {
     _Check(L"Circle", {esObject2D, esObject2D});
     Attributes attributes;
     attributes.AddLong(L"cp", cp);
@@ -596,9 +534,8 @@ void OxaWriter::Circle(int cp, double radius, VOptional<double> nvx, VOptional<d
 }
 
 void OxaWriter::StartText(int p1, VOptional<double> vx, VOptional<double> vy, VOptional<double> vz,
-                          const wstring& value, VOptional<int> align, const wstring& font, long size, bool bold,
-                          bool italic)
-{
+                          const wstring& value, VOptional<int> align, const wstring& font, long size,
+                          bool bold, bool italic) {
     _Check(L"StartText", {esObject2D, esObject2D});
     static const wchar_t* const alignments[] = {L"Left", L"Center", L"Right"};
     Attributes attributes;
@@ -616,19 +553,16 @@ void OxaWriter::StartText(int p1, VOptional<double> vx, VOptional<double> vy, VO
     _Open(esTxt, L"txt", attributes);
 }
 
-void OxaWriter::Color(int r, int g, int b, VOptional<double> a)
-{
+void OxaWriter::Color(int r, int g, int b, VOptional<double> a) {
     _Check(L"Color", {esTxt});
     WriteColor(esColor, L"color", r, g, b, a);
 }
 
-void OxaWriter::EndText()
-{
+void OxaWriter::EndText() {
     _End(L"EndText", esTxt);
 }
 
-void OxaWriter::OptOBB(const VCoords3D& ref, const VCoords3D& vx, const VCoords3D& vy, const VCoords3D& vz)
-{
+void OxaWriter::OptOBB(const VCoords3D& ref, const VCoords3D& vx, const VCoords3D& vy, const VCoords3D& vz) {
     _Check(L"OptOBB", {esData3D});
     Attributes attributes;
     attributes.AddTriple(L"ref", ref);
@@ -641,19 +575,16 @@ void OxaWriter::OptOBB(const VCoords3D& ref, const VCoords3D& vx, const VCoords3
 // ----------------------------------------------------------------------------------------------
 // Topology
 
-void OxaWriter::StartTopologySection()
-{
+void OxaWriter::StartTopologySection() {
     _VersionedSection(L"StartTopologySection", esTopologySection, L"topologySection", L"1.3");
 }
 
-void OxaWriter::EndTopologySection()
-{
+void OxaWriter::EndTopologySection() {
     _End(L"EndTopologySection", esTopologySection);
 }
 
 void OxaWriter::_RelationList(const wchar_t* word, int state, const wchar_t* name, VOptional<double> eps,
-                              const wstring& unit, VOptional<bool> sym)
-{
+                              const wstring& unit, VOptional<bool> sym) {
     _Check(word, {esTopologySection});
     Attributes attributes;
     attributes.AddOptionalDouble(L"eps", eps);
@@ -663,9 +594,8 @@ void OxaWriter::_RelationList(const wchar_t* word, int state, const wchar_t* nam
     _Open(state, name, attributes);
 }
 
-void OxaWriter::_PairRelation(const wchar_t* word, int parent, int state, const wchar_t* name, const wstring& left,
-                              const wstring& right)
-{
+void OxaWriter::_PairRelation(const wchar_t* word, int parent, int state, const wchar_t* name,
+                              const wstring& left, const wstring& right) {
     _Check(word, {parent});
     Attributes attributes;
     attributes.Add(L"L", MapID(left, false));
@@ -673,46 +603,38 @@ void OxaWriter::_PairRelation(const wchar_t* word, int parent, int state, const 
     _Single(state, name, attributes);
 }
 
-void OxaWriter::StartContacts(VOptional<double> eps, const wstring& unit, VOptional<bool> sym)
-{
+void OxaWriter::StartContacts(VOptional<double> eps, const wstring& unit, VOptional<bool> sym) {
     _RelationList(L"StartContacts", esContacts, L"contacts", eps, unit, sym);
 }
 
-void OxaWriter::Contact(const wstring& left, const wstring& right)
-{
+void OxaWriter::Contact(const wstring& left, const wstring& right) {
     _PairRelation(L"Contact", esContacts, esContact, L"contact", left, right);
 }
 
-void OxaWriter::EndContacts()
-{
+void OxaWriter::EndContacts() {
     _End(L"EndContacts", esContacts);
 }
 
-void OxaWriter::StartIntersections(VOptional<double> eps, const wstring& unit, VOptional<bool> sym)
-{
+void OxaWriter::StartIntersections(VOptional<double> eps, const wstring& unit, VOptional<bool> sym) {
     _RelationList(L"StartIntersections", esIntersections, L"intersections", eps, unit, sym);
 }
 
-void OxaWriter::Intersection(const wstring& left, const wstring& right)
-{
+void OxaWriter::Intersection(const wstring& left, const wstring& right) {
     _PairRelation(L"Intersection", esIntersections, esIsect, L"isect", left, right);
 }
 
-void OxaWriter::EndIntersections()
-{
+void OxaWriter::EndIntersections() {
     _End(L"EndIntersections", esIntersections);
 }
 
-void OxaWriter::StartHRefs(const wstring& unit)
-{
+void OxaWriter::StartHRefs(const wstring& unit) {
     _Check(L"StartHRefs", {esTopologySection});
     Attributes attributes;
     attributes.Add(L"unit", unit);
     _Open(esHRefs, L"hRefs", attributes);
 }
 
-void OxaWriter::HRef(const wstring& id, double z)
-{
+void OxaWriter::HRef(const wstring& id, double z) {
     _Check(L"HRef", {esHRefs});
     Attributes attributes;
     attributes.Add(L"ID", MapID(id, false));
@@ -720,8 +642,7 @@ void OxaWriter::HRef(const wstring& id, double z)
     _Single(esHRef, L"hRef", attributes);
 }
 
-void OxaWriter::HRefRel(const wstring& refID, const wstring& hRefL, const wstring& hRefU)
-{
+void OxaWriter::HRefRel(const wstring& refID, const wstring& hRefL, const wstring& hRefU) {
     _Check(L"HRefRel", {esHRefs});
     Attributes attributes;
     attributes.Add(L"refID", MapID(refID, false));
@@ -730,38 +651,32 @@ void OxaWriter::HRefRel(const wstring& refID, const wstring& hRefL, const wstrin
     _Single(esHRefRel, L"hRefRel", attributes);
 }
 
-void OxaWriter::EndHRefs()
-{
+void OxaWriter::EndHRefs() {
     _End(L"EndHRefs", esHRefs);
 }
 
 // ----------------------------------------------------------------------------------------------
 // Visualisation
 
-void OxaWriter::StartVisualisationSection()
-{
+void OxaWriter::StartVisualisationSection() {
     _VersionedSection(L"StartVisualisationSection", esVisualisationSection, L"visualisationSection", L"1.4");
 }
 
-void OxaWriter::EndVisualisationSection()
-{
+void OxaWriter::EndVisualisationSection() {
     _End(L"EndVisualisationSection", esVisualisationSection);
 }
 
-void OxaWriter::StartViewContainer(const wstring& id, const wstring& name)
-{
-    _IDName(L"StartViewContainer", {esVisualisationSection, esViewContainer}, esViewContainer, L"viewContainer",
-            id, name, false);
+void OxaWriter::StartViewContainer(const wstring& id, const wstring& name) {
+    _IDName(L"StartViewContainer", {esVisualisationSection, esViewContainer}, esViewContainer,
+            L"viewContainer", id, name, false);
 }
 
-void OxaWriter::EndViewContainer()
-{
+void OxaWriter::EndViewContainer() {
     _End(L"EndViewContainer", esViewContainer);
 }
 
 void OxaWriter::StartView(const wstring& id, const wstring& name, VOptional<bool> current,
-                          const wstring& thumbnailFile, const unsigned char* imageData, long imageSize)
-{
+                          const wstring& thumbnailFile, const unsigned char* imageData, long imageSize) {
     _Check(L"StartView", {esViewContainer});
     Attributes attributes;
     attributes.Add(L"ID", MapID(id, false));
@@ -777,16 +692,14 @@ void OxaWriter::StartView(const wstring& id, const wstring& name, VOptional<bool
     }
 }
 
-void OxaWriter::EndView()
-{
+void OxaWriter::EndView() {
     _End(L"EndView", esView);
 }
 
 void OxaWriter::Camera(const VCoords3D& eye, const VCoords3D& lookAt, const VCoords3D& up, double nearPlane,
                        double farPlane, double viewAngle, double aspectRatio, int projectionType,
                        double expOrthoWidth, double expOrthoHeight, double orthoWidth, double orthoHeight,
-                       const VCoords3D& savedEye, const VCoords3D& savedLookAt)
-{
+                       const VCoords3D& savedEye, const VCoords3D& savedLookAt) {
     _Check(L"Camera", {esView});
     _CheckAngle(viewAngle, L"viewAngle");
     const bool orthographic = projectionType == 1;
@@ -810,8 +723,7 @@ void OxaWriter::Camera(const VCoords3D& eye, const VCoords3D& lookAt, const VCoo
     _Single(esCamera, L"camera", attributes);
 }
 
-void OxaWriter::StartLight(int nr, const wstring& name, VOptional<bool> off)
-{
+void OxaWriter::StartLight(int nr, const wstring& name, VOptional<bool> off) {
     _Check(L"StartLight", {esView});
     Attributes attributes;
     attributes.AddLong(L"nr", nr);
@@ -820,31 +732,26 @@ void OxaWriter::StartLight(int nr, const wstring& name, VOptional<bool> off)
     _Open(esLight, L"light", attributes);
 }
 
-void OxaWriter::EndLight()
-{
+void OxaWriter::EndLight() {
     _End(L"EndLight", esLight);
 }
 
-void OxaWriter::Diff(int r, int g, int b, VOptional<double> a)
-{
+void OxaWriter::Diff(int r, int g, int b, VOptional<double> a) {
     _Check(L"Diff", {esLight});
     WriteColor(esDiff, L"diff", r, g, b, a);
 }
 
-void OxaWriter::Spec(int r, int g, int b, VOptional<double> a)
-{
+void OxaWriter::Spec(int r, int g, int b, VOptional<double> a) {
     _Check(L"Spec", {esLight});
     WriteColor(esSpec, L"spec", r, g, b, a);
 }
 
-void OxaWriter::Amb(int r, int g, int b, VOptional<double> a)
-{
+void OxaWriter::Amb(int r, int g, int b, VOptional<double> a) {
     _Check(L"Amb", {esLight});
     WriteColor(esAmb, L"amb", r, g, b, a);
 }
 
-void OxaWriter::Spot(const VCoords3D& position, const VCoords3D& direction, double cutoff)
-{
+void OxaWriter::Spot(const VCoords3D& position, const VCoords3D& direction, double cutoff) {
     _Check(L"Spot", {esLight});
     _CheckAngle(cutoff, L"cutoff");
     Attributes attributes;
@@ -854,30 +761,26 @@ void OxaWriter::Spot(const VCoords3D& position, const VCoords3D& direction, doub
     _Single(esSpot, L"spot", attributes);
 }
 
-void OxaWriter::Positional(const VCoords3D& position)
-{
+void OxaWriter::Positional(const VCoords3D& position) {
     _Check(L"Positional", {esLight});
     Attributes attributes;
     attributes.AddTriple(L"pos", position);
     _Single(esPositional, L"positional", attributes);
 }
 
-void OxaWriter::Directional(const VCoords3D& direction)
-{
+void OxaWriter::Directional(const VCoords3D& direction) {
     _Check(L"Directional", {esLight});
     Attributes attributes;
     attributes.AddTriple(L"dir", direction);
     _Single(esDirectional, L"directional", attributes);
 }
 
-void OxaWriter::BgColor(int r, int g, int b, VOptional<double> a)
-{
+void OxaWriter::BgColor(int r, int g, int b, VOptional<double> a) {
     _Check(L"BgColor", {esView});
     WriteColor(esBgColor, L"bgColor", r, g, b, a);
 }
 
-void OxaWriter::ClpPlane(const VCoords3D& normal, double distance, VOptional<bool> off)
-{
+void OxaWriter::ClpPlane(const VCoords3D& normal, double distance, VOptional<bool> off) {
     _Check(L"ClpPlane", {esView});
     Attributes attributes;
     attributes.AddTriple(L"n", normal);
@@ -889,22 +792,19 @@ void OxaWriter::ClpPlane(const VCoords3D& normal, double distance, VOptional<boo
 // ----------------------------------------------------------------------------------------------
 // Properties
 
-void OxaWriter::StartPropertySection()
-{
+void OxaWriter::StartPropertySection() {
     _Check(L"StartPropertySection", {esObjectSection, esFitSection, esActivitySection});
     Attributes attributes;
     attributes.Add(L"version", L"1.5");
     _Open(esPropertySection, L"propertySection", attributes);
 }
 
-void OxaWriter::EndPropertySection()
-{
+void OxaWriter::EndPropertySection() {
     _End(L"EndPropertySection", esPropertySection);
 }
 
-void OxaWriter::Property(const wstring& refID, const wstring& name, const wstring& datatype, const wstring& value,
-                         const wstring& unit)
-{
+void OxaWriter::Property(const wstring& refID, const wstring& name, const wstring& datatype,
+                         const wstring& value, const wstring& unit) {
     _Check(L"Property", {esPropertySection});
     Attributes attributes;
     attributes.Add(L"refID", MapID(refID, false));
@@ -918,26 +818,22 @@ void OxaWriter::Property(const wstring& refID, const wstring& name, const wstrin
 // ----------------------------------------------------------------------------------------------
 // Quantities
 
-void OxaWriter::StartFitSection()
-{
+void OxaWriter::StartFitSection() {
     _VersionedSection(L"StartFitSection", esFitSection, L"fitSection", L"1.4");
 }
 
-void OxaWriter::EndFitSection()
-{
+void OxaWriter::EndFitSection() {
     _End(L"EndFitSection", esFitSection);
 }
 
-void OxaWriter::StartItems()
-{
+void OxaWriter::StartItems() {
     _Check(L"StartItems", {esFitSection});
     Attributes attributes;
     _Open(esItems, L"items", attributes);
 }
 
 void OxaWriter::StartItem(const wstring& id, const wstring& key, const wstring& matchKey, const wstring& name,
-                          const wstring& desc)
-{
+                          const wstring& desc) {
     _Check(L"StartItem", {esItems, esItem});
     Attributes attributes;
     attributes.Add(L"ID", MapID(id, false));
@@ -948,25 +844,21 @@ void OxaWriter::StartItem(const wstring& id, const wstring& key, const wstring& 
     _Open(esItem, L"item", attributes);
 }
 
-void OxaWriter::EndItem()
-{
+void OxaWriter::EndItem() {
     _End(L"EndItem", esItem);
 }
 
-void OxaWriter::EndItems()
-{
+void OxaWriter::EndItems() {
     _End(L"EndItems", esItems);
 }
 
-void OxaWriter::StartQto()
-{
+void OxaWriter::StartQto() {
     _Check(L"StartQto", {esFitSection});
     Attributes attributes;
     _Open(esQto, L"qto", attributes);
 }
 
-void OxaWriter::StartItemData(const wstring& refID, const wstring& desc)
-{
+void OxaWriter::StartItemData(const wstring& refID, const wstring& desc) {
     _Check(L"StartItemData", {esQto});
     Attributes attributes;
     attributes.Add(L"refID", MapID(refID, false));
@@ -974,13 +866,11 @@ void OxaWriter::StartItemData(const wstring& refID, const wstring& desc)
     _Open(esItemData, L"itemData", attributes);
 }
 
-void OxaWriter::EndItemData()
-{
+void OxaWriter::EndItemData() {
     _End(L"EndItemData", esItemData);
 }
 
-void OxaWriter::StartFormula(bool orig, bool qto, const wstring& text, const wstring& var)
-{
+void OxaWriter::StartFormula(bool orig, bool qto, const wstring& text, const wstring& var) {
     _Check(L"StartFormula", {esItemData});
     Attributes attributes;
     attributes.AddBool(L"orig", orig);
@@ -990,14 +880,12 @@ void OxaWriter::StartFormula(bool orig, bool qto, const wstring& text, const wst
     _Open(esFormula, L"formula", attributes);
 }
 
-void OxaWriter::EndFormula()
-{
+void OxaWriter::EndFormula() {
     _End(L"EndFormula", esFormula);
 }
 
 void OxaWriter::Result(const wstring& refID, VOptional<double> value, const wstring& text, long quality,
-                       const wstring& geometry)
-{
+                       const wstring& geometry) {
     _Check(L"Result", {esFormula});
     Attributes attributes;
     attributes.Add(L"refID", MapID(refID, false));
@@ -1008,8 +896,7 @@ void OxaWriter::Result(const wstring& refID, VOptional<double> value, const wstr
     _Single(esResult, L"result", attributes, text.c_str());
 }
 
-void OxaWriter::EndQto()
-{
+void OxaWriter::EndQto() {
     _End(L"EndQto", esQto);
 }
 
@@ -1017,8 +904,7 @@ void OxaWriter::EndQto()
 // Units and currencies
 
 void OxaWriter::StartUnitSection(const wstring& defaultUnitLength, const wstring& defaultUnitWeight,
-                                 const wstring& defaultUnitTime)
-{
+                                 const wstring& defaultUnitTime) {
     _Check(L"StartUnitSection", {esObjects});
     Attributes attributes;
     attributes.Add(L"version", L"1.4");
@@ -1030,8 +916,7 @@ void OxaWriter::StartUnitSection(const wstring& defaultUnitLength, const wstring
 
 void OxaWriter::Unit(const wstring& name, int dim, int roundMode, VOptional<long> digits, int digitsMode,
                      const wstring& baseUnit, const wstring& linearBaseUnit, VOptional<double> convFactor,
-                     const wstring& desc)
-{
+                     const wstring& desc) {
     static const wchar_t* const roundModes[] = {L"up", L"down"};
     static const wchar_t* const digitsModes[] = {nullptr, L"decimal", L"significant", L"integer"};
     _Check(L"Unit", {esUnitSection});
@@ -1059,18 +944,15 @@ void OxaWriter::Unit(const wstring& name, int dim, int roundMode, VOptional<long
     _Single(esUnit, L"unit", attributes, name.c_str());
 }
 
-void OxaWriter::EndUnitSection()
-{
+void OxaWriter::EndUnitSection() {
     _End(L"EndUnitSection", esUnitSection);
 }
 
-void OxaWriter::StartCurrencySection()
-{
+void OxaWriter::StartCurrencySection() {
     _VersionedSection(L"StartCurrencySection", esCurrencySection, L"currencySection", L"1.3");
 }
 
-void OxaWriter::BaseCurr(const wstring& name, const wstring& desc, VOptional<long> digits)
-{
+void OxaWriter::BaseCurr(const wstring& name, const wstring& desc, VOptional<long> digits) {
     _Check(L"BaseCurr", {esCurrencySection});
     if (name.empty())
         _Fail(valueError, L"value for name not allowed");
@@ -1080,8 +962,8 @@ void OxaWriter::BaseCurr(const wstring& name, const wstring& desc, VOptional<lon
     _Single(esBaseCurr, L"baseCurr", attributes, name.c_str());
 }
 
-void OxaWriter::Curr(const wstring& name, const wstring& desc, VOptional<long> digits, VOptional<double> rate)
-{
+void OxaWriter::Curr(const wstring& name, const wstring& desc, VOptional<long> digits,
+                     VOptional<double> rate) {
     _Check(L"Curr", {esCurrencySection});
     if (name.empty())
         _Fail(valueError, L"value for name not allowed");
@@ -1092,33 +974,46 @@ void OxaWriter::Curr(const wstring& name, const wstring& desc, VOptional<long> d
     _Single(esCurr, L"curr", attributes, name.c_str());
 }
 
-void OxaWriter::EndCurrencySection()
-{
+void OxaWriter::EndCurrencySection() {
     _End(L"EndCurrencySection", esCurrencySection);
 }
 
 // ----------------------------------------------------------------------------------------------
 // Building structure
 
-void OxaWriter::StartBsSection()
-{
+void OxaWriter::StartBsSection() {
     _VersionedSection(L"StartBsSection", esBsSection, L"bsSection", L"1.4");
 }
 
-void OxaWriter::StartBsTypes()
-{
+void OxaWriter::StartBsTypes() {
     _Check(L"StartBsTypes", {esBsSection});
     Attributes attributes;
     _Open(esBsTypes, L"bsTypes", attributes);
 }
 
-void OxaWriter::StartBsType(const wstring& id, const wstring& name, int type)
-{
-    static const wchar_t* const typeNames[] = {
-        L"Building_Structure", L"Civil_Engineering", L"Building_Construction", L"Tunnelling", L"Building",
-        L"Building_Part", L"Level", L"Room", L"Partial_Room", L"Item_Level1", L"Item_Level2", L"Item_Level3",
-        L"Item_Level4", L"Item_Level5", L"Item_Level6", L"Item_Level7", L"Item_Level8", L"Item_Level9",
-        L"Item_Level10", L"Item_Level11", L"Item_Level12", L"Item_LevelX"};
+void OxaWriter::StartBsType(const wstring& id, const wstring& name, int type) {
+    static const wchar_t* const typeNames[] = {L"Building_Structure",
+                                               L"Civil_Engineering",
+                                               L"Building_Construction",
+                                               L"Tunnelling",
+                                               L"Building",
+                                               L"Building_Part",
+                                               L"Level",
+                                               L"Room",
+                                               L"Partial_Room",
+                                               L"Item_Level1",
+                                               L"Item_Level2",
+                                               L"Item_Level3",
+                                               L"Item_Level4",
+                                               L"Item_Level5",
+                                               L"Item_Level6",
+                                               L"Item_Level7",
+                                               L"Item_Level8",
+                                               L"Item_Level9",
+                                               L"Item_Level10",
+                                               L"Item_Level11",
+                                               L"Item_Level12",
+                                               L"Item_LevelX"};
     constexpr int typeCount = int(sizeof typeNames / sizeof typeNames[0]);
     _Check(L"StartBsType", {esBsTypes, esBsType});
     Attributes attributes;
@@ -1128,18 +1023,16 @@ void OxaWriter::StartBsType(const wstring& id, const wstring& name, int type)
     _Open(esBsType, L"bsType", attributes);
 }
 
-void OxaWriter::EndBsType()
-{
+void OxaWriter::EndBsType() {
     _End(L"EndBsType", esBsType);
 }
 
-void OxaWriter::EndBsTypes()
-{
+void OxaWriter::EndBsTypes() {
     _End(L"EndBsTypes", esBsTypes);
 }
 
-void OxaWriter::StartBsItem(const wstring& id, const wstring& name, const wstring& typeID, const wstring& refID)
-{
+void OxaWriter::StartBsItem(const wstring& id, const wstring& name, const wstring& typeID,
+                            const wstring& refID) {
     _Check(L"StartBsItem", {esBsSection, esBsItem});
     Attributes attributes;
     attributes.Add(L"ID", MapID(id, false));
@@ -1149,21 +1042,18 @@ void OxaWriter::StartBsItem(const wstring& id, const wstring& name, const wstrin
     _Open(esBsItem, L"bsItem", attributes);
 }
 
-void OxaWriter::BsSet(const wstring& refID)
-{
+void OxaWriter::BsSet(const wstring& refID) {
     _Check(L"BsSet", {esBsItem});
     Attributes attributes;
     attributes.Add(L"refID", MapID(refID, false));
     _Single(esBsSet, L"bsSet", attributes);
 }
 
-void OxaWriter::EndBsItem()
-{
+void OxaWriter::EndBsItem() {
     _End(L"EndBsItem", esBsItem);
 }
 
-void OxaWriter::EndBsSection()
-{
+void OxaWriter::EndBsSection() {
     _End(L"EndBsSection", esBsSection);
 }
 
@@ -1172,8 +1062,7 @@ void OxaWriter::EndBsSection()
 
 /// The codes 83 and 85 name no element, yet a set section is allowed under them: documents of
 /// a later format revision are expected to put sets there.
-void OxaWriter::StartSetSection()
-{
+void OxaWriter::StartSetSection() {
     _Check(L"StartSetSection", {esActivitySection, esBsSection, 83, esLoggingSection, 85, esObjectSection});
     Attributes attributes;
     attributes.Add(L"version", L"1.4");
@@ -1183,8 +1072,7 @@ void OxaWriter::StartSetSection()
 /// An object set may stand only directly in a set section, while a smart set may also stand in
 /// a set container: readers that flatten set containers rely on finding object sets flat.
 void OxaWriter::ObjectSet(const wstring& id, const wstring& name, const wstring& contentType,
-                          const std::set<wstring>& memberIDs)
-{
+                          const std::set<wstring>& memberIDs) {
     _Check(L"ObjectSet", {esSetSection});
     Attributes attributes;
     attributes.Add(L"ID", MapID(id, false));
@@ -1199,13 +1087,13 @@ void OxaWriter::ObjectSet(const wstring& id, const wstring& name, const wstring&
     _Single(esSet, L"set", attributes, members.c_str());
 }
 
-void OxaWriter::StartSetContainer(const wstring& id, const wstring& name)
-{
-    _IDName(L"StartSetContainer", {esSetSection, esSetContainer}, esSetContainer, L"setContainer", id, name, false);
+void OxaWriter::StartSetContainer(const wstring& id, const wstring& name) {
+    _IDName(L"StartSetContainer", {esSetSection, esSetContainer}, esSetContainer, L"setContainer", id, name,
+            false);
 }
 
-void OxaWriter::SmartSet(const wstring& id, const wstring& name, const wstring& contentType, const wstring& rule)
-{
+void OxaWriter::SmartSet(const wstring& id, const wstring& name, const wstring& contentType,
+                         const wstring& rule) {
     _Check(L"SmartSet", {esSetSection, esSetContainer});
     Attributes attributes;
     attributes.Add(L"ID", MapID(id, false));
@@ -1215,27 +1103,23 @@ void OxaWriter::SmartSet(const wstring& id, const wstring& name, const wstring& 
     _Single(esSet, L"set", attributes, rule.c_str());
 }
 
-void OxaWriter::EndSetContainer()
-{
+void OxaWriter::EndSetContainer() {
     _End(L"EndSetContainer", esSetContainer);
 }
 
-void OxaWriter::EndSetSection()
-{
+void OxaWriter::EndSetSection() {
     _End(L"EndSetSection", esSetSection);
 }
 
 // ----------------------------------------------------------------------------------------------
 // Activities
 
-void OxaWriter::StartActivitySection()
-{
+void OxaWriter::StartActivitySection() {
     _VersionedSection(L"StartActivitySection", esActivitySection, L"activitySection", L"1.4");
 }
 
 void OxaWriter::StartSchedule(const wstring& id, const wstring& name, const wstring& ref, long duration,
-                              const wstring& desc)
-{
+                              const wstring& desc) {
     _Check(L"StartSchedule", {esActivitySection});
     Attributes attributes;
     attributes.Add(L"ID", MapID(id, false));
@@ -1253,14 +1137,12 @@ void OxaWriter::StartSchedule(const wstring& id, const wstring& name, const wstr
     }
 }
 
-void OxaWriter::EndSchedule()
-{
+void OxaWriter::EndSchedule() {
     _End(L"EndSchedule", esSchedule);
 }
 
 void OxaWriter::_Activity(const wstring& id, const wstring& name, const wstring& wbs, long duration,
-                          const wstring& refID, const wstring* visType)
-{
+                          const wstring& refID, const wstring* visType) {
     // Both activity operations report under the word "Schedule".
     _Check(L"Schedule", {esSchedule, esActivity});
     Attributes attributes;
@@ -1276,24 +1158,20 @@ void OxaWriter::_Activity(const wstring& id, const wstring& name, const wstring&
 }
 
 void OxaWriter::StartActivityVis(const wstring& id, const wstring& name, const wstring& wbs, long duration,
-                                 const wstring& refID, const wstring& visType)
-{
+                                 const wstring& refID, const wstring& visType) {
     _Activity(id, name, wbs, duration, refID, &visType);
 }
 
 void OxaWriter::StartActivity(const wstring& id, const wstring& name, const wstring& wbs, long duration,
-                              const wstring& refID)
-{
+                              const wstring& refID) {
     _Activity(id, name, wbs, duration, refID, nullptr);
 }
 
-void OxaWriter::EndActivity()
-{
+void OxaWriter::EndActivity() {
     _End(L"EndActivity", esActivity);
 }
 
-void OxaWriter::_Date(const wchar_t* name, int year, int month, int day, int hour, int minute, int second)
-{
+void OxaWriter::_Date(const wchar_t* name, int year, int month, int day, int hour, int minute, int second) {
     // `start` and `end` share the word "Start" in their message, and neither is pushed.
     _Check(L"Start", {esSchedule, esActivity});
     Attributes attributes;
@@ -1303,46 +1181,39 @@ void OxaWriter::_Date(const wchar_t* name, int year, int month, int day, int hou
     EndElement();
 }
 
-void OxaWriter::Start(int year, int month, int day, int hour, int minute, int second)
-{
+void OxaWriter::Start(int year, int month, int day, int hour, int minute, int second) {
     _Date(L"start", year, month, day, hour, minute, second);
 }
 
-void OxaWriter::End(int year, int month, int day, int hour, int minute, int second)
-{
+void OxaWriter::End(int year, int month, int day, int hour, int minute, int second) {
     _Date(L"end", year, month, day, hour, minute, second);
 }
 
-void OxaWriter::EndActivitySection()
-{
+void OxaWriter::EndActivitySection() {
     _End(L"EndActivitySection", esActivitySection);
 }
 
 // ----------------------------------------------------------------------------------------------
 // Logging: every operation here fails on an empty stack, Start operations included.
 
-void OxaWriter::StartLoggingSection()
-{
+void OxaWriter::StartLoggingSection() {
     _CheckStrict(L"StartLoggingSection", {esObjects});
     Attributes attributes;
     attributes.Add(L"version", L"1.4");
     _Open(esLoggingSection, L"loggingSection", attributes);
 }
 
-void OxaWriter::EndLoggingSection()
-{
+void OxaWriter::EndLoggingSection() {
     _End(L"EndLoggingSection", esLoggingSection);
 }
 
-void OxaWriter::StartLevelDef()
-{
+void OxaWriter::StartLevelDef() {
     _CheckStrict(L"StartLevelDef", {esLoggingSection});
     Attributes attributes;
     _Open(esLevelDef, L"levelDef", attributes);
 }
 
-void OxaWriter::Level(const wstring& id, const wstring& name)
-{
+void OxaWriter::Level(const wstring& id, const wstring& name) {
     _CheckStrict(L"Level", {esLevelDef});
     Attributes attributes;
     attributes.Add(L"ID", MapID(id, false));
@@ -1351,13 +1222,11 @@ void OxaWriter::Level(const wstring& id, const wstring& name)
     EndElement();
 }
 
-void OxaWriter::EndLevelDef()
-{
+void OxaWriter::EndLevelDef() {
     _End(L"EndLevelDef", esLevelDef);
 }
 
-void OxaWriter::StartMsgGrp(const wstring& id, const wstring& description)
-{
+void OxaWriter::StartMsgGrp(const wstring& id, const wstring& description) {
     _CheckStrict(L"StartMsgGrp", {esLoggingSection});
     Attributes attributes;
     attributes.Add(L"ID", MapID(id, false));
@@ -1365,14 +1234,12 @@ void OxaWriter::StartMsgGrp(const wstring& id, const wstring& description)
     _Open(esMsgGrp, L"msgGrp", attributes);
 }
 
-void OxaWriter::EndMsgGrp()
-{
+void OxaWriter::EndMsgGrp() {
     _End(L"EndMsgGrp", esMsgGrp);
 }
 
-void OxaWriter::StartMsgInfo(int type, const wstring& module, int year, int month, int day, int hour, int minute,
-                             int second, const wstring& levelRefID)
-{
+void OxaWriter::StartMsgInfo(int type, const wstring& module, int year, int month, int day, int hour,
+                             int minute, int second, const wstring& levelRefID) {
     static const wchar_t* const typeNames[] = {L"Info", L"Warning", L"Error", L"Summary", L"Debug", L"Fatal"};
     _CheckStrict(L"StartMsgInfo", {esMsgGrp});
     if (type < mtInfo || type > mtFatal)
@@ -1385,8 +1252,7 @@ void OxaWriter::StartMsgInfo(int type, const wstring& module, int year, int mont
     _Open(esMsgInfo, L"msgInfo", attributes);
 }
 
-void OxaWriter::MsgTxt(const wstring& text)
-{
+void OxaWriter::MsgTxt(const wstring& text) {
     _CheckStrict(L"MsgTxt", {esMsgInfo});
     Attributes none;
     StartElement(L"msgTxt", none.Get());
@@ -1394,8 +1260,7 @@ void OxaWriter::MsgTxt(const wstring& text)
     EndElement();
 }
 
-void OxaWriter::MsgSet(const wstring& refID)
-{
+void OxaWriter::MsgSet(const wstring& refID) {
     _CheckStrict(L"MsgSet", {esMsgInfo});
     Attributes attributes;
     attributes.Add(L"refID", MapID(refID, false));
@@ -1403,16 +1268,14 @@ void OxaWriter::MsgSet(const wstring& refID)
     EndElement();
 }
 
-void OxaWriter::EndMsgInfo()
-{
+void OxaWriter::EndMsgInfo() {
     _End(L"EndMsgInfo", esMsgInfo);
 }
 
 // ----------------------------------------------------------------------------------------------
 // Colours
 
-void OxaWriter::WriteColor(int state, const wchar_t* name, int r, int g, int b, VOptional<double> a)
-{
+void OxaWriter::WriteColor(int state, const wchar_t* name, int r, int g, int b, VOptional<double> a) {
     if (r < 0 || r > 255)
         _Fail(valueError, L"value for r not allowed");
     if (g < 0 || g > 255)

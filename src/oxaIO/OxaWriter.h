@@ -36,9 +36,9 @@ public:
 
     // Document
     /// Fails with "StartOxaDocument: Document already in progress" when any element is open.
-    virtual void StartOxaDocument(const wstring& projectID, const wstring& createdBy, const wstring& sourceApp,
-                                  const wstring& sourceFormat, int year, int month, int day, int hour, int minute,
-                                  int second);
+    virtual void StartOxaDocument(const wstring& projectID, const wstring& createdBy,
+                                  const wstring& sourceApp, const wstring& sourceFormat, int year, int month,
+                                  int day, int hour, int minute, int second);
     /// Needs `objects` on top; fails with "EndOxaDocument: document not finished" when
     /// anything is still open after it.
     virtual void EndOxaDocument();
@@ -101,13 +101,14 @@ public:
     virtual void StartFace();
     virtual void EndFace();
     /// Angles in degrees, each in the closed range 0 to 360.
-    virtual void Arc(int cp, double radius, double a1, double a2, VOptional<double> nvx, VOptional<double> nvy,
-                     VOptional<double> nvz);
-    virtual void Circle(int cp, double radius, VOptional<double> nvx, VOptional<double> nvy, VOptional<double> nvz);
+    virtual void Arc(int cp, double radius, double a1, double a2, VOptional<double> nvx,
+                     VOptional<double> nvy, VOptional<double> nvz);
+    virtual void Circle(int cp, double radius, VOptional<double> nvx, VOptional<double> nvy,
+                        VOptional<double> nvz);
     /// `align` 0, 1, 2 gives "Left", "Center", "Right"; other values leave the attribute out.
     virtual void StartText(int p1, VOptional<double> vx, VOptional<double> vy, VOptional<double> vz,
-                           const wstring& value, VOptional<int> align, const wstring& font, long size, bool bold,
-                           bool italic);
+                           const wstring& value, VOptional<int> align, const wstring& font, long size,
+                           bool bold, bool italic);
     virtual void Color(int r, int g, int b, VOptional<double> a);
     virtual void EndText();
     virtual void OptOBB(const VCoords3D& ref, const VCoords3D& vx, const VCoords3D& vy, const VCoords3D& vz);
@@ -158,15 +159,15 @@ public:
     virtual void StartPropertySection();
     virtual void EndPropertySection();
     /// The value goes through the ID map only when `datatype` is "xs:IDREF".
-    virtual void Property(const wstring& refID, const wstring& name, const wstring& datatype, const wstring& value,
-                          const wstring& unit);
+    virtual void Property(const wstring& refID, const wstring& name, const wstring& datatype,
+                          const wstring& value, const wstring& unit);
 
     // Quantities
     virtual void StartFitSection();
     virtual void EndFitSection();
     virtual void StartItems();
-    virtual void StartItem(const wstring& id, const wstring& key, const wstring& matchKey, const wstring& name,
-                           const wstring& desc);
+    virtual void StartItem(const wstring& id, const wstring& key, const wstring& matchKey,
+                           const wstring& name, const wstring& desc);
     virtual void EndItem();
     virtual void EndItems();
     virtual void StartQto();
@@ -190,7 +191,8 @@ public:
     virtual void EndUnitSection();
     virtual void StartCurrencySection();
     virtual void BaseCurr(const wstring& name, const wstring& desc, VOptional<long> digits);
-    virtual void Curr(const wstring& name, const wstring& desc, VOptional<long> digits, VOptional<double> rate);
+    virtual void Curr(const wstring& name, const wstring& desc, VOptional<long> digits,
+                      VOptional<double> rate);
     virtual void EndCurrencySection();
 
     // Building structure
@@ -201,7 +203,8 @@ public:
     virtual void StartBsType(const wstring& id, const wstring& name, int type);
     virtual void EndBsType();
     virtual void EndBsTypes();
-    virtual void StartBsItem(const wstring& id, const wstring& name, const wstring& typeID, const wstring& refID);
+    virtual void StartBsItem(const wstring& id, const wstring& name, const wstring& typeID,
+                             const wstring& refID);
     virtual void BsSet(const wstring& refID);
     virtual void EndBsItem();
     virtual void EndBsSection();
@@ -212,7 +215,8 @@ public:
     virtual void ObjectSet(const wstring& id, const wstring& name, const wstring& contentType,
                            const std::set<wstring>& memberIDs);
     virtual void StartSetContainer(const wstring& id, const wstring& name);
-    virtual void SmartSet(const wstring& id, const wstring& name, const wstring& contentType, const wstring& rule);
+    virtual void SmartSet(const wstring& id, const wstring& name, const wstring& contentType,
+                          const wstring& rule);
     virtual void EndSetContainer();
     virtual void EndSetSection();
 
@@ -241,8 +245,8 @@ public:
     virtual void StartMsgGrp(const wstring& id, const wstring& description);
     virtual void EndMsgGrp();
     /// `type` 1 to 6 ("Info" ... "Fatal"); another value fails with "MsgInfo: unknown type".
-    virtual void StartMsgInfo(int type, const wstring& module, int year, int month, int day, int hour, int minute,
-                              int second, const wstring& levelRefID);
+    virtual void StartMsgInfo(int type, const wstring& module, int year, int month, int day, int hour,
+                              int minute, int second, const wstring& levelRefID);
     virtual void MsgTxt(const wstring& text);
     virtual void MsgSet(const wstring& refID);
     virtual void EndMsgInfo();
@@ -278,8 +282,8 @@ private:
                        const wstring& right);
     void _RelationList(const wchar_t* word, int state, const wchar_t* name, VOptional<double> eps,
                        const wstring& unit, VOptional<bool> sym);
-    void _Activity(const wstring& id, const wstring& name, const wstring& wbs, long duration, const wstring& refID,
-                   const wstring* visType);
+    void _Activity(const wstring& id, const wstring& name, const wstring& wbs, long duration,
+                   const wstring& refID, const wstring* visType);
     void _Date(const wchar_t* name, int year, int month, int day, int hour, int minute, int second);
     static void _CheckAngle(double value, const wchar_t* attribute);
     [[noreturn]] static void _Fail(int code, const wstring& text);

@@ -30,9 +30,9 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
-#include <cstdint>
 #include <exception>
 #include <set>
 #include <vector>
@@ -47,8 +47,7 @@ namespace {
 
 /// A colour channel 0 to 1 as the integer 0 to 255 of the document: scaled, rounded half up by
 /// truncation. What no integer can hold becomes 256, which the emitter refuses.
-int ScaleChannel(float channel)
-{
+int ScaleChannel(float channel) {
     const double scaled = double(channel) * 255.0 + 0.5;
     return scaled > -1.0e6 && scaled < 1.0e6 ? int(scaled) : 256;
 }
@@ -62,8 +61,7 @@ struct Channels {
 
 /// Moves the finished file over the target in one step, so that readers see either the old or
 /// the new document. Gives an empty text on success, else the system's reason.
-std::wstring ReplaceFile(const std::wstring& source, const std::wstring& target)
-{
+std::wstring ReplaceFile(const std::wstring& source, const std::wstring& target) {
 #ifdef Q_OS_WIN
     if (MoveFileExW(source.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
         return {};
@@ -81,13 +79,11 @@ std::wstring ReplaceFile(const std::wstring& source, const std::wstring& target)
 
 OxaXmlWriter::OxaXmlWriter(OxaObjects* document) : document(document), writer(new OxaWriter()) {}
 
-OxaXmlWriter::~OxaXmlWriter()
-{
+OxaXmlWriter::~OxaXmlWriter() {
     delete writer;
 }
 
-bool OxaXmlWriter::Write(const std::wstring& fileName, std::wstring& errorText)
-{
+bool OxaXmlWriter::Write(const std::wstring& fileName, std::wstring& errorText) {
     if (!document || !writer)
         return false;
     const std::wstring partName = fileName + L".part";
@@ -108,22 +104,22 @@ bool OxaXmlWriter::Write(const std::wstring& fileName, std::wstring& errorText)
         writer->Abandon();
     }
     const bool partExists = QFileInfo::exists(basic::FromStdString(partName));
-    errorText = failure + L" (\"" + fileName + L"\" is unchanged" +
-                (partExists ? L"; the partial document stands in \"" + partName + L"\")" : std::wstring(L")"));
+    errorText =
+        failure + L" (\"" + fileName + L"\" is unchanged" +
+        (partExists ? L"; the partial document stands in \"" + partName + L"\")" : std::wstring(L")"));
     return false;
 }
 
-void OxaXmlWriter::_WriteDocument(const std::wstring& fileName)
-{
+void OxaXmlWriter::_WriteDocument(const std::wstring& fileName) {
     OxaObjectSection& objects = document->ObjectSection();
     lengthScale = basic::unit_scale(basic::string_to_unit(basic::FromStdString(objects.Unit())));
 
     writer->StartDocument(fileName.c_str(), true);
     const ExportContext& context = document->Context();
     const DateTime& created = context.CreatedTime();
-    writer->StartOxaDocument(context.ProjectID(), context.CreatedBy(), context.SourceApp(), context.SourceFormat(),
-                             created.year, created.month, created.day, created.hour, created.minute,
-                             created.second);
+    writer->StartOxaDocument(context.ProjectID(), context.CreatedBy(), context.SourceApp(),
+                             context.SourceFormat(), created.year, created.month, created.day, created.hour,
+                             created.minute, created.second);
     _WriteContent();
     writer->IDMapping(document->GetIDsToBeMapped());
     if (!document->GetFitSection().IsEmpty())
@@ -150,8 +146,7 @@ void OxaXmlWriter::_WriteDocument(const std::wstring& fileName)
 }
 
 /// The unit section is written but, by design of the format, never listed in the contents.
-void OxaXmlWriter::_WriteContent()
-{
+void OxaXmlWriter::_WriteContent() {
     writer->StartContent();
     if (!document->ObjectSection().IsEmpty())
         writer->Section(stObjectSection);
@@ -169,8 +164,7 @@ void OxaXmlWriter::_WriteContent()
 // ----------------------------------------------------------------------------------------------
 // Quantities
 
-void OxaXmlWriter::_WriteFitSection()
-{
+void OxaXmlWriter::_WriteFitSection() {
     const OxaFitSection& section = document->GetFitSection();
     writer->StartFitSection();
     writer->StartItems();
@@ -186,8 +180,7 @@ void OxaXmlWriter::_WriteFitSection()
 }
 
 /// An item without an identifier is no element of its own: its sub-items take its place.
-void OxaXmlWriter::_WriteItem(const IItem* item)
-{
+void OxaXmlWriter::_WriteItem(const IItem* item) {
     const std::wstring id = item->ID();
     if (!id.empty())
         writer->StartItem(id, item->Key(), item->MatchKey(), item->Name(), std::wstring());
@@ -200,20 +193,21 @@ void OxaXmlWriter::_WriteItem(const IItem* item)
         writer->EndItem();
 }
 
-void OxaXmlWriter::_WriteItemData(const IItemData* data)
-{
+void OxaXmlWriter::_WriteItemData(const IItemData* data) {
     writer->StartItemData(data->RefID(), data->Description());
     std::list<IFormula*> formulas;
     data->Formulas(&formulas);
     for (const IFormula* formula : formulas) {
         if (!formula)
             continue;
-        writer->StartFormula(formula->IsOriginal(), formula->IsQuantity(), formula->Text(), formula->Variable());
+        writer->StartFormula(formula->IsOriginal(), formula->IsQuantity(), formula->Text(),
+                             formula->Variable());
         std::list<IResult*> results;
         formula->Results(&results);
         for (const IResult* result : results)
             if (result)
-                writer->Result(result->RefID(), result->Value(), result->Text(), result->Quality(), std::wstring());
+                writer->Result(result->RefID(), result->Value(), result->Text(), result->Quality(),
+                               std::wstring());
         writer->EndFormula();
     }
     writer->EndItemData();
@@ -222,8 +216,7 @@ void OxaXmlWriter::_WriteItemData(const IItemData* data)
 // ----------------------------------------------------------------------------------------------
 // Object section
 
-void OxaXmlWriter::_WriteObjectSection()
-{
+void OxaXmlWriter::_WriteObjectSection() {
     const OxaObjectSection& section = document->ObjectSection();
     writer->StartObjectSection(section.Unit());
     if (!section.GetMaterials().empty()) {
@@ -240,8 +233,7 @@ void OxaXmlWriter::_WriteObjectSection()
     writer->EndObjectSection();
 }
 
-void OxaXmlWriter::_WriteMaterial(const IMaterial* material)
-{
+void OxaXmlWriter::_WriteMaterial(const IMaterial* material) {
     writer->StartMaterial(material->ID(), material->Name());
     const Channels diffuse(material->Diffuse());
     writer->MaterialDiff(diffuse.r, diffuse.g, diffuse.b, diffuse.a);
@@ -256,8 +248,7 @@ void OxaXmlWriter::_WriteMaterial(const IMaterial* material)
 
 /// The objects of a root container are not listed here: only their geometry is written, in the
 /// object-data section.
-void OxaXmlWriter::_WriteRootContainer(IContainer* container)
-{
+void OxaXmlWriter::_WriteRootContainer(IContainer* container) {
     writer->StartRootContainer(container->ID(), container->Name());
     std::list<IContainer*> children;
     container->Containers(&children);
@@ -267,8 +258,7 @@ void OxaXmlWriter::_WriteRootContainer(IContainer* container)
     writer->EndRootContainer();
 }
 
-void OxaXmlWriter::_WriteContainer(IContainer* container)
-{
+void OxaXmlWriter::_WriteContainer(IContainer* container) {
     writer->StartContainer(container->ID(), container->Name(), std::wstring(), container->IsComposite());
     std::list<IObject2D*> objects2D;
     container->Objects2D(&objects2D);
@@ -297,8 +287,7 @@ void OxaXmlWriter::_WriteContainer(IContainer* container)
 }
 
 /// An object without vertices is left out altogether.
-void OxaXmlWriter::_WriteObject3D(const IObject3D* object)
-{
+void OxaXmlWriter::_WriteObject3D(const IObject3D* object) {
     std::list<IVertex*> vertices;
     object->Vertices(&vertices);
     if (vertices.empty())
@@ -310,8 +299,7 @@ void OxaXmlWriter::_WriteObject3D(const IObject3D* object)
 }
 
 /// A 2D object keeps its vertices in place; its other geometry is not written.
-void OxaXmlWriter::_WriteObject2D(const IObject2D* object)
-{
+void OxaXmlWriter::_WriteObject2D(const IObject2D* object) {
     std::list<IVertex*> vertices;
     object->Vertices(&vertices);
     if (vertices.empty())
@@ -327,23 +315,22 @@ void OxaXmlWriter::_WriteObject2D(const IObject2D* object)
     writer->EndObject2D();
 }
 
-void OxaXmlWriter::_WritePropertySection(const OxaSection& section)
-{
+void OxaXmlWriter::_WritePropertySection(const OxaSection& section) {
     const OxaPropertySection& properties = section.PropertySection();
     if (properties.IsEmpty())
         return;
     writer->StartPropertySection();
     for (const VOxaPropertyType* property : properties.GetProperties())
         if (property)
-            writer->Property(property->refID, property->name, property->datatype, property->value, property->unit);
+            writer->Property(property->refID, property->name, property->datatype, property->value,
+                             property->unit);
     writer->EndPropertySection();
 }
 
 // ----------------------------------------------------------------------------------------------
 // Topology, views, units and activities
 
-void OxaXmlWriter::_WriteTopologySection()
-{
+void OxaXmlWriter::_WriteTopologySection() {
     const OxaTopologySection& section = document->TopologySection();
     writer->StartTopologySection();
     for (const ContactList* list : section.GetContacts()) {
@@ -374,8 +361,7 @@ void OxaXmlWriter::_WriteTopologySection()
     writer->EndTopologySection();
 }
 
-void OxaXmlWriter::_WriteVisualisationSection()
-{
+void OxaXmlWriter::_WriteVisualisationSection() {
     writer->StartVisualisationSection();
     for (const IViewContainer* container : document->VisualisationSection().ViewContainers()) {
         if (!container || container->IsEmpty())
@@ -390,9 +376,9 @@ void OxaXmlWriter::_WriteVisualisationSection()
                 if (camera)
                     writer->Camera(camera->Eye(), camera->LookAt(), camera->Up(), camera->NearPlane(),
                                    camera->FarPlane(), camera->ViewAngle(), camera->AspectRatio(),
-                                   camera->ProjectionType(), camera->ExpOrthoWidth(), camera->ExpOrthoHeight(),
-                                   camera->OrthoWidth(), camera->OrthoHeight(), camera->SavedEye(),
-                                   camera->SavedLookAt());
+                                   camera->ProjectionType(), camera->ExpOrthoWidth(),
+                                   camera->ExpOrthoHeight(), camera->OrthoWidth(), camera->OrthoHeight(),
+                                   camera->SavedEye(), camera->SavedLookAt());
             for (const ILight* light : view->Lights())
                 if (light)
                     _WriteLight(light);
@@ -410,8 +396,7 @@ void OxaXmlWriter::_WriteVisualisationSection()
     writer->EndVisualisationSection();
 }
 
-void OxaXmlWriter::_WriteLight(const ILight* light)
-{
+void OxaXmlWriter::_WriteLight(const ILight* light) {
     writer->StartLight(light->Number(), light->Name(), light->IsOff());
     const Channels ambient(light->Ambient());
     writer->Amb(ambient.r, ambient.g, ambient.b, ambient.a);
@@ -420,18 +405,24 @@ void OxaXmlWriter::_WriteLight(const ILight* light)
     const Channels specular(light->Specular());
     writer->Spec(specular.r, specular.g, specular.b, specular.a);
     switch (light->Type()) {
-    case esSpot: writer->Spot(light->Position(), light->Direction(), light->Cutoff()); break;
-    case esPositional: writer->Positional(light->Position()); break;
-    case esDirectional: writer->Directional(light->Direction()); break;
-    default: break;
+    case esSpot:
+        writer->Spot(light->Position(), light->Direction(), light->Cutoff());
+        break;
+    case esPositional:
+        writer->Positional(light->Position());
+        break;
+    case esDirectional:
+        writer->Directional(light->Direction());
+        break;
+    default:
+        break;
     }
     writer->EndLight();
 }
 
 /// Round mode and linear base unit are not part of the model's units, and the section's default
 /// units are not kept: all of them are written as absent.
-void OxaXmlWriter::_WriteUnitSection()
-{
+void OxaXmlWriter::_WriteUnitSection() {
     writer->StartUnitSection(std::wstring(), std::wstring(), std::wstring());
     for (const IUnit* unit : document->GetUnitSection().Units()) {
         if (!unit)
@@ -443,8 +434,7 @@ void OxaXmlWriter::_WriteUnitSection()
     writer->EndUnitSection();
 }
 
-void OxaXmlWriter::_WriteActivitySection()
-{
+void OxaXmlWriter::_WriteActivitySection() {
     const OxaActivitySection& section = document->ActivitySection();
     writer->StartActivitySection();
     for (const ISchedule* schedule : section.Schedules()) {
@@ -468,12 +458,12 @@ void OxaXmlWriter::_WriteActivitySection()
     writer->EndActivitySection();
 }
 
-void OxaXmlWriter::_WriteActivity(const IActivity* activity)
-{
+void OxaXmlWriter::_WriteActivity(const IActivity* activity) {
     writer->StartActivity(activity->ID(), activity->Name(), activity->WBS(), activity->Duration(),
                           activity->RefID());
     if (const IDateTimeGroup* start = activity->Start())
-        writer->Start(start->Year(), start->Month(), start->Day(), start->Hour(), start->Minute(), start->Second());
+        writer->Start(start->Year(), start->Month(), start->Day(), start->Hour(), start->Minute(),
+                      start->Second());
     if (const IDateTimeGroup* end = activity->End())
         writer->End(end->Year(), end->Month(), end->Day(), end->Hour(), end->Minute(), end->Second());
     for (const IActivity* subActivity : activity->SubActivities())
@@ -482,8 +472,7 @@ void OxaXmlWriter::_WriteActivity(const IActivity* activity)
     writer->EndActivity();
 }
 
-void OxaXmlWriter::_WriteSetSection(const OxaSection& section)
-{
+void OxaXmlWriter::_WriteSetSection(const OxaSection& section) {
     const OxaSetSection& sets = section.SetSection();
     if (sets.IsEmpty())
         return;
@@ -495,8 +484,7 @@ void OxaXmlWriter::_WriteSetSection(const OxaSection& section)
 }
 
 /// Only object sets with members are written, flat; other kinds of set are dropped.
-void OxaXmlWriter::_WriteSet(const ISet* set)
-{
+void OxaXmlWriter::_WriteSet(const ISet* set) {
     const std::list<std::wstring> members = set->ElementIDs();
     const std::set<std::wstring> ids(members.begin(), members.end());
     if (ids.empty() || !dynamic_cast<const IObjectSet*>(set))
@@ -508,8 +496,7 @@ void OxaXmlWriter::_WriteSet(const ISet* set)
 // Object-data section
 
 /// Objects of a root container are written here as well, although their container lists none.
-void OxaXmlWriter::_WriteObjectData(IContainer* container)
-{
+void OxaXmlWriter::_WriteObjectData(IContainer* container) {
     std::list<IObject3D*> objects;
     container->Objects3D(&objects);
     for (const IObject3D* object : objects)
@@ -522,15 +509,13 @@ void OxaXmlWriter::_WriteObjectData(IContainer* container)
             _WriteObjectData(child);
 }
 
-VCoords3D OxaXmlWriter::_DocumentCoords(const VCoords3D& coords) const
-{
+VCoords3D OxaXmlWriter::_DocumentCoords(const VCoords3D& coords) const {
     // Division, not multiplication by the inverse: it undoes the reader's multiplication so
     // that a second rewrite gives the same digits as the first.
     return {coords.x / lengthScale, coords.y / lengthScale, coords.z / lengthScale};
 }
 
-void OxaXmlWriter::_WriteData3D(const IObject3D* object)
-{
+void OxaXmlWriter::_WriteData3D(const IObject3D* object) {
     std::list<IVertex*> vertices;
     object->Vertices(&vertices);
     if (vertices.empty())
@@ -579,9 +564,9 @@ void OxaXmlWriter::_WriteData3D(const IObject3D* object)
 /// The texture coordinates of an object form one run: a triangle takes 3 entries, a polygon its
 /// length, a tessellated polygon 3 per triangle of its tessellation. The run index advances
 /// over polygons that are skipped, so that the ones written still find their coordinates.
-void OxaXmlWriter::_WriteGeometry(const std::list<ITriangle*>& triangles, const std::list<IPolygon*>& polygons,
-                                  bool all, const VertexNumbers& numbers)
-{
+void OxaXmlWriter::_WriteGeometry(const std::list<ITriangle*>& triangles,
+                                  const std::list<IPolygon*>& polygons, bool all,
+                                  const VertexNumbers& numbers) {
     for (const ITriangle* triangle : triangles)
         if (triangle && (all || triangle->IsRootGeometry()))
             _WriteTriangle(triangle, 0, numbers);
@@ -597,8 +582,7 @@ void OxaXmlWriter::_WriteGeometry(const std::list<ITriangle*>& triangles, const 
     }
 }
 
-OxaXmlWriter::VertexNumbers::VertexNumbers(std::size_t capacity)
-{
+OxaXmlWriter::VertexNumbers::VertexNumbers(std::size_t capacity) {
     std::size_t size = 16;
     shift = 60;
     while (size < 2 * capacity) {
@@ -608,8 +592,7 @@ OxaXmlWriter::VertexNumbers::VertexNumbers(std::size_t capacity)
     table.assign(size, {nullptr, 0});
 }
 
-std::size_t OxaXmlWriter::VertexNumbers::_Slot(const IVertex* vertex) const
-{
+std::size_t OxaXmlWriter::VertexNumbers::_Slot(const IVertex* vertex) const {
     const std::size_t mask = table.size() - 1;
     // Fibonacci hashing: the top bits of the product spread neighbouring addresses.
     std::size_t slot = std::size_t((std::uint64_t(std::uintptr_t(vertex)) * 0x9E3779B97F4A7C15ull) >> shift);
@@ -618,21 +601,18 @@ std::size_t OxaXmlWriter::VertexNumbers::_Slot(const IVertex* vertex) const
     return slot;
 }
 
-void OxaXmlWriter::VertexNumbers::Add(const IVertex* vertex, int number)
-{
+void OxaXmlWriter::VertexNumbers::Add(const IVertex* vertex, int number) {
     auto& slot = table[_Slot(vertex)];
     if (!slot.first)
         slot = {vertex, number};
 }
 
-int OxaXmlWriter::VertexNumbers::operator[](const IVertex* vertex) const
-{
+int OxaXmlWriter::VertexNumbers::operator[](const IVertex* vertex) const {
     return vertex ? table[_Slot(vertex)].second : 0;
 }
 
 /// A vertex that is not one of the object's own is numbered 0.
-void OxaXmlWriter::_WriteTriangle(const ITriangle* triangle, int textureIndex, const VertexNumbers& numbers)
-{
+void OxaXmlWriter::_WriteTriangle(const ITriangle* triangle, int textureIndex, const VertexNumbers& numbers) {
     const int p1 = numbers[triangle->Vertex(0)];
     const int p2 = numbers[triangle->Vertex(1)];
     const int p3 = numbers[triangle->Vertex(2)];
@@ -646,8 +626,7 @@ void OxaXmlWriter::_WriteTriangle(const ITriangle* triangle, int textureIndex, c
 /// A polygon is written closed: its first vertex is repeated at the end unless it is there
 /// already. A tessellated polygon carries its coordinates in its triangles only.
 void OxaXmlWriter::_WritePolygon(const IPolygon* polygon, const std::list<ITriangle*>& tessellation,
-                                 int textureIndex, const VertexNumbers& numbers)
-{
+                                 int textureIndex, const VertexNumbers& numbers) {
     const int length = polygon->Length();
     std::vector<int> points;
     points.reserve(std::size_t(std::max(length, 0)) + 1);
@@ -670,8 +649,7 @@ void OxaXmlWriter::_WritePolygon(const IPolygon* polygon, const std::list<ITrian
 }
 
 /// Inside a face every triangle and polygon is written, root geometry or not.
-void OxaXmlWriter::_WriteFace(const IFace* face, const VertexNumbers& numbers)
-{
+void OxaXmlWriter::_WriteFace(const IFace* face, const VertexNumbers& numbers) {
     writer->StartFace();
     std::list<ITriangle*> triangles;
     face->Triangles(&triangles);

@@ -98,8 +98,8 @@ private:
     void _WriteSet(const ISet* set);
     void _WriteObjectData(IContainer* container);
     void _WriteData3D(const IObject3D* object);
-    void _WriteGeometry(const std::list<ITriangle*>& triangles, const std::list<IPolygon*>& polygons, bool all,
-                        const VertexNumbers& numbers);
+    void _WriteGeometry(const std::list<ITriangle*>& triangles, const std::list<IPolygon*>& polygons,
+                        bool all, const VertexNumbers& numbers);
     void _WriteTriangle(const ITriangle* triangle, int textureIndex, const VertexNumbers& numbers);
     void _WritePolygon(const IPolygon* polygon, const std::list<ITriangle*>& tessellation, int textureIndex,
                        const VertexNumbers& numbers);

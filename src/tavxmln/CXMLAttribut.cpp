@@ -6,8 +6,7 @@
 
 namespace tavxmln {
 
-void CXMLAttribut::Text::Assign(const wchar_t* text)
-{
+void CXMLAttribut::Text::Assign(const wchar_t* text) {
     if (!text)
         text = L"";
     const std::size_t length = std::wcslen(text);
@@ -21,26 +20,22 @@ void CXMLAttribut::Text::Assign(const wchar_t* text)
     heap = std::move(copy);
 }
 
-CXMLAttribut::CXMLAttribut(const wchar_t* name, const wchar_t* value)
-{
+CXMLAttribut::CXMLAttribut(const wchar_t* name, const wchar_t* value) {
     this->name.Assign(name);
     this->value.Assign(value);
 }
 
 CXMLAttribut::~CXMLAttribut() = default;
 
-void CXMLAttribut::SetValue(const wchar_t* text)
-{
+void CXMLAttribut::SetValue(const wchar_t* text) {
     value.Assign(text);
 }
 
-void CXMLAttribut::SetDoubleValue(const double& number)
-{
+void CXMLAttribut::SetDoubleValue(const double& number) {
     value.Assign(XMLConvertDouble2Text(number));
 }
 
-void CXMLAttribut::SetLongValue(long number)
-{
+void CXMLAttribut::SetLongValue(long number) {
     value.Assign(XMLConvertLong2Text(number));
 }
 

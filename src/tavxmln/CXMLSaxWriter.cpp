@@ -25,8 +25,7 @@ constexpr char replacement[] = "\xEF\xBF\xBD"; // U+FFFD
 /// null when it is written as it is.
 struct EscapeTable {
     const char* text[128];
-    explicit EscapeTable(bool attribute)
-    {
+    explicit EscapeTable(bool attribute) {
         for (int c = 0; c < 128; ++c)
             text[c] = c < 0x20 ? replacement : nullptr;
         text[int('&')] = "&amp;";
@@ -42,26 +41,22 @@ struct EscapeTable {
 const EscapeTable attributeEscapes(true);
 const EscapeTable textEscapes(false);
 
-bool IsXmlCharacter(char32_t c)
-{
+bool IsXmlCharacter(char32_t c) {
     return (c >= 0x20 && c < 0xD800) || (c >= 0xE000 && c < 0xFFFE) || (c >= 0x10000 && c <= 0x10FFFF);
 }
 
 } // namespace
 
-CXMLSaxWriter::CXMLSaxWriter() : buffer(new char[blockSize])
-{
+CXMLSaxWriter::CXMLSaxWriter() : buffer(new char[blockSize]) {
     fill = buffer.get();
     limit = buffer.get() + blockSize;
 }
 
-CXMLSaxWriter::~CXMLSaxWriter()
-{
+CXMLSaxWriter::~CXMLSaxWriter() {
     Abandon();
 }
 
-void CXMLSaxWriter::Abandon()
-{
+void CXMLSaxWriter::Abandon() {
     try {
         _Flush();
     } catch (const CXMLException&) {
@@ -70,8 +65,7 @@ void CXMLSaxWriter::Abandon()
     _CloseOutput();
 }
 
-void CXMLSaxWriter::StartDocument(std::ostream* stream, bool declaration, bool indent)
-{
+void CXMLSaxWriter::StartDocument(std::ostream* stream, bool declaration, bool indent) {
     if (active)
         _Misuse(L"StartDocument: a document is already in progress");
     if (!stream)
@@ -81,23 +75,21 @@ void CXMLSaxWriter::StartDocument(std::ostream* stream, bool declaration, bool i
     _Begin(declaration, indent);
 }
 
-void CXMLSaxWriter::StartDocument(const wchar_t* fileName, bool declaration)
-{
+void CXMLSaxWriter::StartDocument(const wchar_t* fileName, bool declaration) {
     if (active)
         _Misuse(L"StartDocument: a document is already in progress");
     const std::wstring name = fileName ? fileName : L"";
     std::unique_ptr<QFile> output(new QFile(QString::fromWCharArray(name.c_str(), int(name.size()))));
     if (name.empty() || !output->open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered))
-        throw CXMLException(CXMLException::FileError,
-                            (name + L": cannot open the file for writing: " + output->errorString().toStdWString())
-                                .c_str());
+        throw CXMLException(
+            CXMLException::FileError,
+            (name + L": cannot open the file for writing: " + output->errorString().toStdWString()).c_str());
     file = std::move(output);
     outputName = name;
     _Begin(declaration, true);
 }
 
-void CXMLSaxWriter::_Begin(bool declaration, bool indent)
-{
+void CXMLSaxWriter::_Begin(bool declaration, bool indent) {
     active = true;
     indented = indent;
     startTagOpen = false;
@@ -111,8 +103,7 @@ void CXMLSaxWriter::_Begin(bool declaration, bool indent)
     }
 }
 
-void CXMLSaxWriter::EndDocument()
-{
+void CXMLSaxWriter::EndDocument() {
     if (!active)
         _Misuse(L"EndDocument: no document in progress");
     if (!openElements.empty())
@@ -125,13 +116,13 @@ void CXMLSaxWriter::EndDocument()
             throw CXMLException(CXMLException::FileError, L"stream: cannot write to the stream");
     }
     if (file && !file->flush())
-        throw CXMLException(CXMLException::FileError,
-                            (outputName + L": cannot write the file: " + file->errorString().toStdWString()).c_str());
+        throw CXMLException(
+            CXMLException::FileError,
+            (outputName + L": cannot write the file: " + file->errorString().toStdWString()).c_str());
     _CloseOutput();
 }
 
-void CXMLSaxWriter::StartElement(const wchar_t* name, CXMLAttribut** attributes)
-{
+void CXMLSaxWriter::StartElement(const wchar_t* name, CXMLAttribut** attributes) {
     if (!active)
         _Misuse(L"StartElement: no document in progress");
     if (!name || !*name)
@@ -157,8 +148,7 @@ void CXMLSaxWriter::StartElement(const wchar_t* name, CXMLAttribut** attributes)
     startTagOpen = true;
 }
 
-void CXMLSaxWriter::EndElement()
-{
+void CXMLSaxWriter::EndElement() {
     if (!active || openElements.empty())
         _Misuse(L"EndElement: no element is open");
     OpenElement& element = openElements.back();
@@ -176,8 +166,7 @@ void CXMLSaxWriter::EndElement()
     openElements.pop_back();
 }
 
-void CXMLSaxWriter::Characters(const wchar_t* text)
-{
+void CXMLSaxWriter::Characters(const wchar_t* text) {
     if (!active || openElements.empty())
         _Misuse(L"Characters: no element is open");
     _CloseStartTag();
@@ -186,8 +175,7 @@ void CXMLSaxWriter::Characters(const wchar_t* text)
         _AppendEscaped(text, false);
 }
 
-void CXMLSaxWriter::Data(const unsigned char* data, long size, bool base64)
-{
+void CXMLSaxWriter::Data(const unsigned char* data, long size, bool base64) {
     if (size <= 0 || !data) {
         Characters(L"");
         return;
@@ -204,54 +192,45 @@ void CXMLSaxWriter::Data(const unsigned char* data, long size, bool base64)
     }
 }
 
-void CXMLSaxWriter::Date(int year, int month, int day)
-{
+void CXMLSaxWriter::Date(int year, int month, int day) {
     Characters(XMLConvertDate2Text(year, month, day));
 }
 
-void CXMLSaxWriter::DateTime(int year, int month, int day, int hour, int minute, int second)
-{
+void CXMLSaxWriter::DateTime(int year, int month, int day, int hour, int minute, int second) {
     Characters(XMLConvertDateTime2Text(year, month, day, hour, minute, second));
 }
 
-void CXMLSaxWriter::Time(int hour, int minute, int second)
-{
+void CXMLSaxWriter::Time(int hour, int minute, int second) {
     Characters(XMLConvertTime2Text(hour, minute, second));
 }
 
-void CXMLSaxWriter::Double(const double& value)
-{
+void CXMLSaxWriter::Double(const double& value) {
     Characters(XMLConvertDouble2Text(value));
 }
 
-void CXMLSaxWriter::Long(long value)
-{
+void CXMLSaxWriter::Long(long value) {
     Characters(XMLConvertLong2Text(value));
 }
 
-void CXMLSaxWriter::Bool(bool value, bool numeric)
-{
+void CXMLSaxWriter::Bool(bool value, bool numeric) {
     Characters(XMLConvertBool2Text(value, numeric));
 }
 
-void CXMLSaxWriter::_CloseStartTag()
-{
+void CXMLSaxWriter::_CloseStartTag() {
     if (startTagOpen) {
         _AppendRaw(">", 1);
         startTagOpen = false;
     }
 }
 
-void CXMLSaxWriter::_NewLine(std::size_t depth)
-{
+void CXMLSaxWriter::_NewLine(std::size_t depth) {
     _Reserve(1 + 2 * depth);
     *fill++ = '\n';
     std::memset(fill, ' ', 2 * depth);
     fill += 2 * depth;
 }
 
-void CXMLSaxWriter::_AppendRawInBlocks(const char* text, std::size_t length)
-{
+void CXMLSaxWriter::_AppendRawInBlocks(const char* text, std::size_t length) {
     while (length > 0) {
         _Reserve(1);
         const std::size_t part = std::min(length, std::size_t(limit - fill));
@@ -262,8 +241,7 @@ void CXMLSaxWriter::_AppendRawInBlocks(const char* text, std::size_t length)
     }
 }
 
-void CXMLSaxWriter::_Encode(const wchar_t* name, std::string& utf8)
-{
+void CXMLSaxWriter::_Encode(const wchar_t* name, std::string& utf8) {
     for (; name && *name; ++name) {
         if (*name < 0x80) {
             utf8 += char(*name);
@@ -274,8 +252,7 @@ void CXMLSaxWriter::_Encode(const wchar_t* name, std::string& utf8)
     }
 }
 
-void CXMLSaxWriter::_AppendEscaped(const wchar_t* text, bool attribute)
-{
+void CXMLSaxWriter::_AppendEscaped(const wchar_t* text, bool attribute) {
     const EscapeTable& escapes = attribute ? attributeEscapes : textEscapes;
     const wchar_t* c = text;
     while (*c) {
@@ -307,8 +284,7 @@ void CXMLSaxWriter::_AppendEscaped(const wchar_t* text, bool attribute)
     }
 }
 
-char* CXMLSaxWriter::_AppendCodePoint(char* out, char32_t c)
-{
+char* CXMLSaxWriter::_AppendCodePoint(char* out, char32_t c) {
     if (!IsXmlCharacter(c)) {
         std::memcpy(out, replacement, 3);
         return out + 3;
@@ -331,8 +307,7 @@ char* CXMLSaxWriter::_AppendCodePoint(char* out, char32_t c)
     return out;
 }
 
-void CXMLSaxWriter::_Flush()
-{
+void CXMLSaxWriter::_Flush() {
     const std::size_t length = std::size_t(fill - buffer.get());
     if (length == 0 || (!file && !stream))
         return;
@@ -341,16 +316,15 @@ void CXMLSaxWriter::_Flush()
     written += length;
     if (file) {
         if (file->write(buffer.get(), qint64(length)) != qint64(length))
-            throw CXMLException(CXMLException::FileError,
-                                (outputName + L": cannot write the file: " + file->errorString().toStdWString())
-                                    .c_str());
+            throw CXMLException(
+                CXMLException::FileError,
+                (outputName + L": cannot write the file: " + file->errorString().toStdWString()).c_str());
     } else if (!stream->write(buffer.get(), std::streamsize(length))) {
         throw CXMLException(CXMLException::FileError, L"stream: cannot write to the stream");
     }
 }
 
-void CXMLSaxWriter::_CloseOutput()
-{
+void CXMLSaxWriter::_CloseOutput() {
     if (file)
         file->close();
     file.reset();
@@ -358,8 +332,7 @@ void CXMLSaxWriter::_CloseOutput()
     active = false;
 }
 
-void CXMLSaxWriter::_Misuse(const wchar_t* what) const
-{
+void CXMLSaxWriter::_Misuse(const wchar_t* what) const {
     throw CXMLException(UsageError, what);
 }
 

@@ -86,8 +86,7 @@ private:
     void _Begin(bool declaration, bool indent);
     void _CloseStartTag();
     void _NewLine(std::size_t depth);
-    void _AppendRaw(const char* text, std::size_t length)
-    {
+    void _AppendRaw(const char* text, std::size_t length) {
         if (std::size_t(limit - fill) >= length) {
             std::memcpy(fill, text, length);
             fill += length;
@@ -102,8 +101,7 @@ private:
     void _AppendEscaped(const wchar_t* text, bool attribute);
     /// Writes one character that is not ASCII at `out`, which has room for it.
     static char* _AppendCodePoint(char* out, char32_t codePoint);
-    void _Reserve(std::size_t bytes)
-    {
+    void _Reserve(std::size_t bytes) {
         if (std::size_t(limit - fill) < bytes)
             _Flush();
     }

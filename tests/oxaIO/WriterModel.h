@@ -44,7 +44,9 @@ class Triangle : public ITriangle {
 public:
     Triangle(IVertex* a, IVertex* b, IVertex* c, bool root = true) : vertices{a, b, c}, root(root) {}
     IVertex* Vertex(int index) const override { return vertices[index]; }
-    void TextureCoords(int index, std::vector<VCoords2D>* coords) const override { texture.Hand(index, coords); }
+    void TextureCoords(int index, std::vector<VCoords2D>* coords) const override {
+        texture.Hand(index, coords);
+    }
     bool IsRootGeometry() const override { return root; }
     TextureRun texture;
 
@@ -64,8 +66,12 @@ public:
     }
     int Length() const override { return int(vertices.size()); }
     const IVertex* Vertex(int index) const override { return vertices[std::size_t(index)]; }
-    void Tessellation(std::list<ITriangle*>* triangles) const override { testmodel::Append(tessellation, triangles); }
-    void TextureCoords(int index, std::vector<VCoords2D>* coords) const override { texture.Hand(index, coords); }
+    void Tessellation(std::list<ITriangle*>* triangles) const override {
+        testmodel::Append(tessellation, triangles);
+    }
+    void TextureCoords(int index, std::vector<VCoords2D>* coords) const override {
+        texture.Hand(index, coords);
+    }
     bool IsRootGeometry() const override { return root; }
     EPolylineType Type() const override { return type; }
     TextureRun texture;
@@ -159,7 +165,9 @@ public:
         vertices.push_back(new Vertex(x, y, z));
         return static_cast<Vertex*>(vertices.back());
     }
-    Vertex* At(std::size_t index) const { return static_cast<Vertex*>(*std::next(vertices.begin(), long(index))); }
+    Vertex* At(std::size_t index) const {
+        return static_cast<Vertex*>(*std::next(vertices.begin(), long(index)));
+    }
     template <typename T> T* Add(T* part) {
         if constexpr (std::is_base_of_v<ITriangle, T>)
             triangles.push_back(part);

@@ -20,26 +20,23 @@ class CollectingHandler : public CXMLSaxHandler {
 public:
     QStringList values;
     QString text;
-    void StartElement(const wchar_t*, const wchar_t*, const wchar_t*, CXMLSaxAttribut** attributes) override
-    {
+    void StartElement(const wchar_t*, const wchar_t*, const wchar_t*, CXMLSaxAttribut** attributes) override {
         for (CXMLSaxAttribut** a = attributes; *a; ++a)
             values << QString::fromWCharArray((*a)->Value());
     }
     void Characters(const wchar_t* chars) override { text += QString::fromWCharArray(chars); }
 };
 
-CollectingHandler Parse(std::string xml)
-{
+CollectingHandler Parse(std::string xml) {
     CollectingHandler handler;
     CXMLManager::GetInstance()->LoadDocument(reinterpret_cast<unsigned char*>(xml.data()),
-                                             static_cast<unsigned int>(xml.size()), &handler, true, false, nullptr,
-                                             false, false);
+                                             static_cast<unsigned int>(xml.size()), &handler, true, false,
+                                             nullptr, false, false);
     return handler;
 }
 
 /// Writes `<e v="value">value</e>` without layout and gives the bytes.
-std::string WriteValueTwice(const std::wstring& value)
-{
+std::string WriteValueTwice(const std::wstring& value) {
     std::ostringstream out;
     CXMLSaxWriter writer;
     writer.StartDocument(&out, false, false);
@@ -71,8 +68,7 @@ private slots:
     void callsOutOfOrder();
 };
 
-void tst_XMLWriter::layout()
-{
+void tst_XMLWriter::layout() {
     std::ostringstream out;
     CXMLSaxWriter writer;
     writer.StartDocument(&out, true, true);
@@ -106,18 +102,19 @@ void tst_XMLWriter::layout()
     QCOMPARE(writer.BytesWritten(), std::uint64_t(out.str().size()));
 }
 
-void tst_XMLWriter::escaping_data()
-{
+void tst_XMLWriter::escaping_data() {
     QTest::addColumn<QString>("value");
     QTest::addColumn<QString>("written");
-    QTest::newRow("markup") << "a<b>&\"c'" << "a&lt;b&gt;&amp;&quot;c'";
-    QTest::newRow("line breaks and tabs") << "1\t2\n3\r4" << "1&#9;2&#10;3&#13;4";
+    QTest::newRow("markup") << "a<b>&\"c'"
+                            << "a&lt;b&gt;&amp;&quot;c'";
+    QTest::newRow("line breaks and tabs") << "1\t2\n3\r4"
+                                          << "1&#9;2&#10;3&#13;4";
     QTest::newRow("non-ASCII") << QString::fromUtf8("Süd – €") << QString::fromUtf8("Süd – €");
-    QTest::newRow("outside the basic plane") << QString::fromUtf8("\xf0\x9f\x8f\x97") << QString::fromUtf8("\xf0\x9f\x8f\x97");
+    QTest::newRow("outside the basic plane")
+        << QString::fromUtf8("\xf0\x9f\x8f\x97") << QString::fromUtf8("\xf0\x9f\x8f\x97");
 }
 
-void tst_XMLWriter::escaping()
-{
+void tst_XMLWriter::escaping() {
     // Attribute values and text come back from a parse exactly as they were given.
     QFETCH(QString, value);
     QFETCH(QString, written);
@@ -128,8 +125,7 @@ void tst_XMLWriter::escaping()
     QCOMPARE(parsed.text, value);
 }
 
-void tst_XMLWriter::textThatXmlCannotCarry()
-{
+void tst_XMLWriter::textThatXmlCannotCarry() {
     // Control characters and non-characters have no form in XML 1.0: they become U+FFFD, and
     // the document stays readable.
     std::wstring value = L"a";
@@ -143,8 +139,7 @@ void tst_XMLWriter::textThatXmlCannotCarry()
     QCOMPARE(parsed.text, expected);
 }
 
-void tst_XMLWriter::attributeCopiesItsTexts()
-{
+void tst_XMLWriter::attributeCopiesItsTexts() {
     std::wstring name = L"name";
     std::wstring longValue(300, L'x');
     CXMLAttribut attribute(name.c_str(), longValue.c_str());
@@ -160,8 +155,7 @@ void tst_XMLWriter::attributeCopiesItsTexts()
     QCOMPARE(QString::fromWCharArray(attribute.Value()), QString());
 }
 
-void tst_XMLWriter::data()
-{
+void tst_XMLWriter::data() {
     QByteArray bytes;
     for (int i = 0; i < 1000; ++i)
         bytes += char(i * 7 % 256);
@@ -182,7 +176,8 @@ void tst_XMLWriter::data()
     const std::string xml = out.str();
     QVERIFY(xml.find("<h>00070e</h>") != std::string::npos);
     const std::size_t start = xml.find("<b>") + 3;
-    const std::wstring base64 = QString::fromStdString(xml.substr(start, xml.find("</b>") - start)).toStdWString();
+    const std::wstring base64 =
+        QString::fromStdString(xml.substr(start, xml.find("</b>") - start)).toStdWString();
     unsigned char* decoded = nullptr;
     unsigned long size = 0;
     QVERIFY(CXMLSaxHandler::GetData(base64.c_str(), decoded, size));
@@ -191,8 +186,7 @@ void tst_XMLWriter::data()
     QCOMPARE(back, bytes);
 }
 
-void tst_XMLWriter::outputLargerThanTheBuffer()
-{
+void tst_XMLWriter::outputLargerThanTheBuffer() {
     // Several buffer blocks, with multi-byte characters and escapes straddling their borders.
     QTemporaryDir dir;
     QVERIFY(dir.isValid());
@@ -216,16 +210,16 @@ void tst_XMLWriter::outputLargerThanTheBuffer()
     QVERIFY(handler.text.toStdWString() == text);
 }
 
-void tst_XMLWriter::writeFailures_data()
-{
+void tst_XMLWriter::writeFailures_data() {
     QTest::addColumn<QString>("path");
     QTest::addColumn<QString>("reason");
-    QTest::newRow("missing folder") << "/nonexistent-folder-of-zentra/x.xml" << "No such file or directory";
-    QTest::newRow("full device") << "/dev/full" << "No space left on device";
+    QTest::newRow("missing folder") << "/nonexistent-folder-of-zentra/x.xml"
+                                    << "No such file or directory";
+    QTest::newRow("full device") << "/dev/full"
+                                 << "No space left on device";
 }
 
-void tst_XMLWriter::writeFailures()
-{
+void tst_XMLWriter::writeFailures() {
     // Opening fails at once; a full device fails when the first block goes out, at the latest
     // at the end of the document. Either way the text names the file and the system's reason.
     QFETCH(QString, path);
@@ -251,8 +245,7 @@ void tst_XMLWriter::writeFailures()
     }
 }
 
-void tst_XMLWriter::failingStream()
-{
+void tst_XMLWriter::failingStream() {
     std::ostringstream out;
     out.setstate(std::ios::badbit);
     CXMLSaxWriter writer;
@@ -268,8 +261,7 @@ void tst_XMLWriter::failingStream()
     }
 }
 
-void tst_XMLWriter::callsOutOfOrder()
-{
+void tst_XMLWriter::callsOutOfOrder() {
     std::ostringstream out;
     CXMLSaxWriter writer;
     const auto code = [](const std::function<void()>& call) {
