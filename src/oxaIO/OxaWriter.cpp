@@ -1060,8 +1060,8 @@ void OxaWriter::EndBsSection() {
 // ----------------------------------------------------------------------------------------------
 // Sets
 
-/// The codes 83 and 85 name no element, yet a set section is allowed under them: documents of
-/// a later format revision are expected to put sets there.
+/// Besides the four sections, the codes 83 and 85 count as allowed parents although they name
+/// no element; the set of parents is kept as writers of this format have always checked it.
 void OxaWriter::StartSetSection() {
     _Check(L"StartSetSection", {esActivitySection, esBsSection, 83, esLoggingSection, 85, esObjectSection});
     Attributes attributes;
@@ -1070,7 +1070,7 @@ void OxaWriter::StartSetSection() {
 }
 
 /// An object set may stand only directly in a set section, while a smart set may also stand in
-/// a set container: readers that flatten set containers rely on finding object sets flat.
+/// a set container: documents keep object sets flat, and readers find them there.
 void OxaWriter::ObjectSet(const wstring& id, const wstring& name, const wstring& contentType,
                           const std::set<wstring>& memberIDs) {
     _Check(L"ObjectSet", {esSetSection});

@@ -561,9 +561,10 @@ void OxaXmlWriter::_WriteData3D(const IObject3D* object) {
     writer->EndData3D();
 }
 
-/// The texture coordinates of an object form one run: a triangle takes 3 entries, a polygon its
-/// length, a tessellated polygon 3 per triangle of its tessellation. The run index advances
-/// over polygons that are skipped, so that the ones written still find their coordinates.
+/// Triangles ask for their texture coordinates from the start of the run. Polygons ask at a
+/// running index that advances by each polygon's length, or by 3 per triangle of its
+/// tessellation, also over polygons that are skipped, so that the ones written still find their
+/// coordinates.
 void OxaXmlWriter::_WriteGeometry(const std::list<ITriangle*>& triangles,
                                   const std::list<IPolygon*>& polygons, bool all,
                                   const VertexNumbers& numbers) {
