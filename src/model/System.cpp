@@ -2,6 +2,8 @@
 
 #include "model/Object.h"
 #include "model/Property.h"
+#include "model/QSAlgebra.h"
+#include "model/QSColumnAbstract.h"
 #include "model/Repository.h"
 #include "model/RepositoryP.h"
 #include "model/exceptions.h"
@@ -166,6 +168,38 @@ QList<QSColumnAbstract*>* System::newPath(QList<QSColumnAbstract*>* path) {
 void System::deletePaths() {
     qDeleteAll(_paths);
     _paths.clear();
+}
+
+void System::clearAllFilters() {
+    for (QSColumnAbstract* column : qAsConst(*_qs_columns))
+        column->clear_filter();
+}
+
+void System::update_shortestpaths() {
+    ++_graph_generation;
+    _graph.clear();
+    deletePaths();
+
+    ColumnGraph adjacency;
+    int column_count = 0;
+    for (QSColumnAbstract* column : qAsConst(*_qs_columns)) {
+        _graph.add_key(column);
+        adjacency.add_key(column);
+        ++column_count;
+    }
+    for (QSColumnAbstract* column : qAsConst(*_qs_columns))
+        for (QSColumnAbstract* neighbour : column->edges()) {
+            ColumnPath direct{column, neighbour};
+            _graph.set(column, neighbour, newPath(&direct));
+            ColumnPath step{neighbour};
+            adjacency.set(column, neighbour, newPath(&step));
+        }
+
+    QSAlgebra algebra(this);
+    for (int round = 1; round < column_count; ++round) {
+        const ColumnGraph longer = _graph.multiply(adjacency, _graph.key_list(), algebra);
+        _graph.merge(longer, algebra);
+    }
 }
 
 } // namespace model

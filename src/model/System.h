@@ -2,6 +2,7 @@
 
 #include "zentra_export.h"
 
+#include "model/Graph.h"
 #include "model/mapCoordsType.h"
 
 #include <QHash>
@@ -25,6 +26,11 @@ class Property;
 class QSColumnAbstract;
 class Repository;
 class RepositoryP;
+
+/// A chain of table columns, first to last; owned by the system that made it.
+using ColumnPath = QList<QSColumnAbstract*>;
+/// For every ordered pair of connected columns, the shortest chain between them.
+using ColumnGraph = ::graph::Graph<QSColumnAbstract*, ColumnPath*>;
 
 /// The root of one object space. It owns the transient repository and a named list of
 /// persistent ones (which it searches, but does not own), finds objects by identifier and
@@ -90,10 +96,23 @@ public:
     QHash<mesh3D::GeometricElement*, QVector<mapCoordsType>>& mapping_coordinates() {
         return _mapping_coordinates;
     }
+    /// Calls `clear_filter()` on every column.
+    void clearAllFilters();
     /// A new column path, a copy of `path` or empty for null, owned by the system until
     /// `deletePaths`.
     QList<QSColumnAbstract*>* newPath(QList<QSColumnAbstract*>* path);
     void deletePaths();
+
+    /// The shortest chains between the columns, as of the last `update_shortestpaths`.
+    const ColumnGraph& graph() const { return _graph; }
+    /// How often the column graph was rebuilt.
+    int graph_generation() const { return _graph_generation; }
+    /// Rebuilds the column graph from the columns' direct links: frees every path made so far,
+    /// then multiplies the graph of direct links by the one-step adjacency until chains of any
+    /// length are found. Since links are mutual, each linked column also gets a chain to itself
+    /// that goes out and back. Among equally short chains the one met last wins, so which of them
+    /// is kept depends on the order of the columns in the hash.
+    void update_shortestpaths();
 
 private:
     QMap<QString, QVariant>* _data;
@@ -102,6 +121,8 @@ private:
     Repository* _transient = nullptr;
     QMap<QString, RepositoryP*>* _persistent = nullptr;
     QSet<QSColumnAbstract*> _handled_columns;
+    ColumnGraph _graph;
+    int _graph_generation = 0;
     QSet<QList<QSColumnAbstract*>*> _paths;
     bool _quick_search;
     QHash<mesh3D::GeometricElement*, QVector<mapCoordsType>> _mapping_coordinates;

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "zentra_export.h"
-
 #include "oxaIO/OxaTypes.h"
+#include "zentra_export.h"
 
 namespace oxaIO {
 
-/// An oriented bounding box of a 3D object: a corner and the three edge vectors that leave it.
+/// An oriented bounding box as the document layer sees it: a reference corner and the three
+/// edges leaving it, each with its length.
 class ZENTRA_EXPORT IOBB {
 public:
     virtual ~IOBB() = default;

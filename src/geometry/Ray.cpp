@@ -1,0 +1,7 @@
+#include "geometry/Ray.h"
+
+namespace geometry3D {
+
+Ray::~Ray() = default;
+
+} // namespace geometry3D

@@ -1,0 +1,273 @@
+#include "model/LinkedColumns.h"
+
+#include "model/Graph.h"
+#include "model/QSAlgebra.h"
+
+#include <QtTest>
+
+using namespace model;
+
+namespace {
+
+/// Counts walks: a product of two adjacency graphs counts the walks of two steps between keys.
+class Counting : public graph::Algebra<int> {
+public:
+    int zero() override { return 0; }
+    int one() override { return 1; }
+    int multiply(int a, int b) override { return a * b; }
+    int add(int a, int b) override { return a + b; }
+};
+
+using IntGraph = graph::Graph<int, int>;
+
+QStringList names(const ColumnPath* path) {
+    QStringList out;
+    if (path)
+        for (const QSColumnAbstract* column : *path)
+            out.append(column->name());
+    return out;
+}
+
+QStringList chain_between(const System& system, const QString& from, const QString& to) {
+    auto& columns = const_cast<System&>(system).qs_columns();
+    return names(system.graph().get(columns.value(from), columns.value(to)).value);
+}
+
+} // namespace
+
+class TestColumnGraph : public QObject {
+    Q_OBJECT
+private slots:
+    void entries_stand_in_one_row_and_one_column();
+    void missing_entries_and_rows_are_shared_null_objects();
+    void multiply_over_the_kept_keys();
+    void merge_adds_where_both_have_entries();
+    void algebra_keeps_the_shorter_chain_and_the_later_on_a_tie();
+    void shortest_chains_data();
+    void shortest_chains();
+    void every_linked_column_reaches_itself_out_and_back();
+    void unlinked_columns_are_keys_without_entries();
+    void removed_link_stays_until_the_next_rebuild();
+};
+
+void TestColumnGraph::entries_stand_in_one_row_and_one_column() {
+    IntGraph g;
+    g.set(1, 2, 12);
+    g.set(1, 3, 13);
+    g.set(3, 2, 32);
+    g.set(1, 2, 21); // replaces the value of the existing entry
+    QCOMPARE(g.get(1, 2).value, 21);
+    QCOMPARE(g.get(1, 2).from, 1);
+    QCOMPARE(g.get(1, 2).to, 2);
+    QCOMPARE(g.row(1).size(), 2);
+    QCOMPARE(g.row(1).entries.keys(), (QList<int>{2, 3}));
+    QCOMPARE(g.entries().size(), 3);
+    QList<int> keys = g.key_list();
+    std::sort(keys.begin(), keys.end());
+    QCOMPARE(keys, (QList<int>{1, 2, 3}));
+
+    g.replace(3, 2, 7);
+    g.replace(2, 3, 9); // no such entry: nothing happens
+    QCOMPARE(g.get(3, 2).value, 7);
+    QVERIFY(g.get(2, 3).is_null());
+    QCOMPARE(g.entries().size(), 3);
+
+    g.add_key(9);
+    QVERIFY(g.key_set().contains(9));
+    QString printed;
+    QTextStream stream(&printed);
+    g.print(stream);
+    QCOMPARE(printed.count("->"), 3);
+
+    IntGraph moved(std::move(g));
+    QCOMPARE(moved.get(1, 3).value, 13);
+    moved.clear();
+    QVERIFY(moved.key_list().isEmpty());
+    QVERIFY(moved.entries().isEmpty());
+    QVERIFY(moved.get(1, 3).is_null());
+}
+
+void TestColumnGraph::missing_entries_and_rows_are_shared_null_objects() {
+    IntGraph g;
+    g.set(1, 2, 5);
+    QVERIFY(g.get(2, 1).is_null());
+    QVERIFY(g.get(7, 8).is_null());
+    QCOMPARE(&g.get(2, 1), &g.get(7, 8));
+    QVERIFY(g.row(2).isEmpty());
+    QCOMPARE(&g.row(2), &g.row(42));
+    QVERIFY(!g.get(1, 2).is_null());
+}
+
+void TestColumnGraph::multiply_over_the_kept_keys() {
+    // A path 1 - 2 - 3 - 4 in both directions.
+    IntGraph adjacency;
+    for (int key = 1; key < 4; ++key) {
+        adjacency.set(key, key + 1, 1);
+        adjacency.set(key + 1, key, 1);
+    }
+    Counting counting;
+    const IntGraph two_steps = adjacency.multiply(adjacency, {1, 2, 3, 4}, counting);
+    QCOMPARE(two_steps.get(1, 3).value, 1);
+    QCOMPARE(two_steps.get(2, 2).value, 2); // out to 1 and back, out to 3 and back
+    QCOMPARE(two_steps.get(1, 1).value, 1);
+    QVERIFY(two_steps.get(1, 2).is_null()); // no walk of two steps: zero is left out
+    QCOMPARE(two_steps.entries().size(), 8);
+
+    // Keys left out of the list, or unknown to either graph, take no part.
+    IntGraph other;
+    other.set(2, 3, 1);
+    other.set(3, 9, 1);
+    const IntGraph partial = adjacency.multiply(other, {9, 1, 3, 2}, counting);
+    QList<int> kept = partial.key_list();
+    std::sort(kept.begin(), kept.end());
+    QCOMPARE(kept, (QList<int>{2, 3}));
+    QCOMPARE(partial.entries().size(), 1); // 3 -> 2 -> 3
+    QCOMPARE(partial.get(3, 3).value, 1);
+    const IntGraph without_three = adjacency.multiply(other, {2, 1}, counting);
+    QCOMPARE(without_three.key_list(), QList<int>{2});
+    QVERIFY(without_three.entries().isEmpty());
+}
+
+void TestColumnGraph::merge_adds_where_both_have_entries() {
+    Counting counting;
+    IntGraph g;
+    g.set(1, 2, 3);
+    IntGraph other;
+    other.set(1, 2, 4);
+    other.set(2, 5, 6);
+    other.add_key(8);
+    g.merge(other, counting);
+    QCOMPARE(g.get(1, 2).value, 7);
+    QCOMPARE(g.get(2, 5).value, 6);
+    QVERIFY(g.key_set().contains(8));
+    g.merge(g, counting); // with itself: nothing
+    QCOMPARE(g.get(1, 2).value, 7);
+    QCOMPARE(g.entries().size(), 2);
+}
+
+void TestColumnGraph::algebra_keeps_the_shorter_chain_and_the_later_on_a_tie() {
+    LinkedColumns fixture;
+    QSColumnObject* a = fixture.column("a");
+    QSColumnObject* b = fixture.column("b");
+    QSAlgebra algebra(&fixture.system);
+    ColumnPath ab{a, b};
+    ColumnPath ba{b, a};
+    ColumnPath aba{a, b, a};
+    QCOMPARE(algebra.zero(), nullptr);
+    ColumnPath* empty = algebra.one();
+    QVERIFY(empty && empty->isEmpty());
+    QCOMPARE(algebra.add(&ab, &ba), &ba);
+    QCOMPARE(algebra.add(&aba, &ab), &ab);
+    QCOMPARE(algebra.add(&ab, &aba), &ab);
+    QCOMPARE(algebra.add(nullptr, &ab), &ab);
+    QCOMPARE(algebra.add(&ab, nullptr), &ab);
+    QCOMPARE(algebra.multiply(&ab, nullptr), nullptr);
+    QCOMPARE(algebra.multiply(nullptr, &ab), nullptr);
+    ColumnPath* joined = algebra.multiply(&ab, &ba);
+    QCOMPARE(names(joined), (QStringList{"a", "b", "b", "a"}));
+    QCOMPARE(names(&ab), (QStringList{"a", "b"})); // operands stay as they were
+
+    // A null value merged into an entry keeps the entry's value.
+    ColumnGraph g;
+    g.set(a, b, &ab);
+    ColumnGraph none;
+    none.set(a, b, algebra.multiply(&ab, nullptr));
+    g.merge(none, algebra);
+    QCOMPARE(g.get(a, b).value, &ab);
+}
+
+void TestColumnGraph::shortest_chains_data() {
+    QTest::addColumn<QStringList>("links");
+    QTest::addColumn<QString>("from");
+    QTest::addColumn<QString>("to");
+    QTest::addColumn<QStringList>("chain");
+    const QStringList chain{"a-b", "b-c", "c-d"};
+    const QStringList star{"s-p", "s-q", "s-r"};
+    QTest::newRow("chain, direct") << chain << "b"
+                                   << "c" << QStringList{"b", "c"};
+    QTest::newRow("chain, two steps") << chain << "a"
+                                      << "c" << QStringList{"a", "b", "c"};
+    QTest::newRow("chain, two steps back") << chain << "c"
+                                           << "a" << QStringList{"c", "b", "a"};
+    QTest::newRow("chain, end to end") << chain << "a"
+                                       << "d" << QStringList{"a", "b", "c", "d"};
+    QTest::newRow("chain, end to end back") << chain << "d"
+                                            << "a" << QStringList{"d", "c", "b", "a"};
+    QTest::newRow("star, leaf to leaf") << star << "p"
+                                        << "r" << QStringList{"p", "s", "r"};
+    QTest::newRow("star, back") << star << "r"
+                                << "p" << QStringList{"r", "s", "p"};
+    QTest::newRow("star, middle to leaf") << star << "s"
+                                          << "q" << QStringList{"s", "q"};
+    QTest::newRow("ring, shorter way round") << QStringList{"a-b", "b-c", "c-d", "d-e", "e-a"} << "a"
+                                             << "d" << QStringList{"a", "e", "d"};
+}
+
+void TestColumnGraph::shortest_chains() {
+    QFETCH(QStringList, links);
+    LinkedColumns fixture;
+    QHash<QString, QSColumnObject*> by_name;
+    for (const QString& link : links)
+        for (const QString& name : link.split('-'))
+            if (!by_name.contains(name))
+                by_name.insert(name, fixture.column(name));
+    for (const QString& link : links)
+        by_name.value(link.section('-', 0, 0))->link_to(by_name.value(link.section('-', 1, 1)));
+    QCOMPARE(fixture.system.graph_generation(), links.size());
+    QFETCH(QString, from);
+    QFETCH(QString, to);
+    QTEST(chain_between(fixture.system, from, to), "chain");
+    QCOMPARE(fixture.system.graph().key_list().size(), by_name.size());
+}
+
+void TestColumnGraph::every_linked_column_reaches_itself_out_and_back() {
+    LinkedColumns fixture;
+    QSColumnObject* s = fixture.column("s");
+    QSColumnObject* p = fixture.column("p");
+    QSColumnObject* q = fixture.column("q");
+    s->link_to(p);
+    s->link_to(q);
+    const QStringList around_p = chain_between(fixture.system, "p", "p");
+    QCOMPARE(around_p, (QStringList{"p", "s", "p"}));
+    const QStringList around_s = chain_between(fixture.system, "s", "s");
+    QCOMPARE(around_s.size(), 3);
+    QCOMPARE(around_s.first(), QString("s"));
+    QCOMPARE(around_s.last(), QString("s"));
+    QVERIFY(around_s.at(1) == "p" || around_s.at(1) == "q");
+}
+
+void TestColumnGraph::unlinked_columns_are_keys_without_entries() {
+    LinkedColumns fixture;
+    QSColumnObject* a = fixture.column("a");
+    QSColumnObject* b = fixture.column("b");
+    QSColumnObject* c = fixture.column("c");
+    a->link_to(c); // rebuilds the graph over all three columns
+    const ColumnGraph& graph = fixture.system.graph();
+    QVERIFY(graph.key_set().contains(b));
+    QVERIFY(graph.get(a, b).is_null());
+    QVERIFY(graph.get(b, a).is_null());
+    QVERIFY(graph.row(b).isEmpty());
+    QVERIFY(!graph.get(a, c).is_null());
+}
+
+void TestColumnGraph::removed_link_stays_until_the_next_rebuild() {
+    LinkedColumns fixture;
+    QSColumnObject* a = fixture.column("a");
+    QSColumnObject* b = fixture.column("b");
+    QSColumnObject* c = fixture.column("c");
+    a->link_to(b);
+    a->remove_link(b);
+    QVERIFY(a->edges().isEmpty() && b->edges().isEmpty());
+    QCOMPARE(chain_between(fixture.system, "a", "b"), (QStringList{"a", "b"}));
+    // Items can still be linked across the removed link.
+    QVERIFY(fixture.item(a, "a0")->link_to(fixture.item(b, "b0")));
+
+    b->link_to(c);
+    QCOMPARE(fixture.system.graph_generation(), 2);
+    QVERIFY(fixture.system.graph().get(a, b).is_null());
+    QVERIFY(!fixture.item(a, "a1")->link_to(fixture.item(b, "b1")));
+    QCOMPARE(chain_between(fixture.system, "c", "b"), (QStringList{"c", "b"}));
+}
+
+QTEST_GUILESS_MAIN(TestColumnGraph)
+#include "tst_column_graph.moc"
