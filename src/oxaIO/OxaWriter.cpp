@@ -105,7 +105,16 @@ private:
     int count = 0;
 };
 
-OxaWriter::OxaWriter() = default;
+/// The attributes of vertices and triangles, which make up the bulk of a document: built once
+/// and given new values for each element.
+struct OxaWriter::BulkAttributes {
+    CXMLAttribut nr{L"nr", L""}, x{L"x", L""}, y{L"y", L""}, z{L"z", L""};
+    CXMLAttribut* point[5] = {&nr, &x, &y, &z, nullptr};
+    CXMLAttribut p1{L"p1", L""}, p2{L"p2", L""}, p3{L"p3", L""};
+    CXMLAttribut* triangle[4] = {&p1, &p2, &p3, nullptr};
+};
+
+OxaWriter::OxaWriter() : bulk(new BulkAttributes()) {}
 
 OxaWriter::~OxaWriter() = default;
 
@@ -413,12 +422,13 @@ void OxaWriter::EndGenericObject() {
 
 void OxaWriter::Point(int nr, double x, double y, double z) {
     _Check(L"Point", {esObject2D, esData3D});
-    Attributes attributes;
-    attributes.AddLong(L"nr", nr);
-    attributes.AddDouble(L"x", x);
-    attributes.AddDouble(L"y", y);
-    attributes.AddDouble(L"z", z);
-    _Single(esP, L"p", attributes);
+    bulk->nr.SetLongValue(nr);
+    bulk->x.SetDoubleValue(x);
+    bulk->y.SetDoubleValue(y);
+    bulk->z.SetDoubleValue(z);
+    StartElement(L"p", bulk->point);
+    elementStack.push_back(esP);
+    _Close();
 }
 
 void OxaWriter::Line(int p1, int p2) {
@@ -431,11 +441,11 @@ void OxaWriter::Line(int p1, int p2) {
 
 void OxaWriter::Triangle(int p1, int p2, int p3, const std::vector<VCoords2D>& textureCoords) {
     _Check(L"Triangle", {esObject2D, esData3D, esTess, esSolid, esFace});
-    Attributes attributes;
-    attributes.AddLong(L"p1", p1);
-    attributes.AddLong(L"p2", p2);
-    attributes.AddLong(L"p3", p3);
-    _Open(esT, L"t", attributes);
+    bulk->p1.SetLongValue(p1);
+    bulk->p2.SetLongValue(p2);
+    bulk->p3.SetLongValue(p3);
+    StartElement(L"t", bulk->triangle);
+    elementStack.push_back(esT);
     if (textureCoords.size() == 3) {
         Attributes coords;
         coords.Add(L"coords", CoordPairs(textureCoords));

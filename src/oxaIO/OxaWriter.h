@@ -7,6 +7,7 @@
 
 #include <deque>
 #include <map>
+#include <memory>
 #include <set>
 #include <string>
 #include <vector>
@@ -265,6 +266,7 @@ public:
 
 private:
     class Attributes;
+    struct BulkAttributes;
 
     void _Check(const wchar_t* word, std::initializer_list<int> allowed) const;
     void _CheckStrict(const wchar_t* word, std::initializer_list<int> allowed) const;
@@ -290,6 +292,7 @@ private:
 
     std::deque<int> elementStack;
     std::map<wstring, wstring> idMap;
+    std::unique_ptr<BulkAttributes> bulk;
 };
 
 } // namespace oxaIO
