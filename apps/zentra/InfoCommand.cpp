@@ -5,8 +5,7 @@
 
 namespace {
 
-QString section_list(const oxa::OxaInfoReader& reader)
-{
+QString section_list(const oxa::OxaInfoReader& reader) {
     QStringList names;
     for (oxaIO::ESectionType type : reader.GetSectionTypes()) {
         const wchar_t* name = oxaIO::SectionName(type);
@@ -15,8 +14,7 @@ QString section_list(const oxa::OxaInfoReader& reader)
     return names.join("; ");
 }
 
-void print_head(const oxa::OxaInfoReader& reader, QTextStream& out)
-{
+void print_head(const oxa::OxaInfoReader& reader, QTextStream& out) {
     out << "  project id:         " << basic::FromStdString(reader.GetProjectID()) << "\n"
         << "  created:            " << reader.GetCreated() << "\n"
         << "  created by:         " << basic::FromStdString(reader.GetCreatedBy()) << "\n"
@@ -26,8 +24,7 @@ void print_head(const oxa::OxaInfoReader& reader, QTextStream& out)
         << "  sections:           " << section_list(reader) << "\n";
 }
 
-int run_info(const QStringList& arguments, QTextStream& out, QTextStream& err)
-{
+int run_info(const QStringList& arguments, QTextStream& out, QTextStream& err) {
     if (arguments.isEmpty())
         throw UsageError("no document given");
     int exit_code = 0;
@@ -47,7 +44,7 @@ int run_info(const QStringList& arguments, QTextStream& out, QTextStream& err)
     return exit_code;
 }
 
-const CommandRegistration registration(
-    {"info", "FILE...", "print the head and section list of exchange documents", run_info});
+const CommandRegistration registration({"info", "FILE...",
+                                        "print the head and section list of exchange documents", run_info});
 
 } // namespace

@@ -10,11 +10,11 @@
 
 namespace oxa {
 
-OxaInfoReader::OxaInfoReader(const QString& fileName) : fileName(fileName)
-{
+OxaInfoReader::OxaInfoReader(const QString& fileName) : fileName(fileName) {
     const std::wstring name = fileName.toStdWString();
     try {
-        tavxmln::CXMLManager::GetInstance()->LoadDocument(name.c_str(), this, true, false, nullptr, false, false);
+        tavxmln::CXMLManager::GetInstance()->LoadDocument(name.c_str(), this, true, false, nullptr, false,
+                                                          false);
     } catch (const tavxmln::CXMLException& exception) {
         valid = exception.code() == tavxmln::CXMLException::Stop;
         if (!valid)
@@ -27,10 +27,10 @@ OxaInfoReader::OxaInfoReader(const QString& fileName) : fileName(fileName)
 
 OxaInfoReader::~OxaInfoReader() = default;
 
-void OxaInfoReader::StartOxaDocument(std::wstring projectId, std::wstring sourceApp, std::wstring sourceFileName,
-                                     std::wstring sourceFormat, std::wstring created, std::wstring createdBy,
-                                     std::wstring changedBy, std::wstring changed, std::wstring version)
-{
+void OxaInfoReader::StartOxaDocument(std::wstring projectId, std::wstring sourceApp,
+                                     std::wstring sourceFileName, std::wstring sourceFormat,
+                                     std::wstring created, std::wstring createdBy, std::wstring changedBy,
+                                     std::wstring changed, std::wstring version) {
     this->projectId = std::move(projectId);
     this->sourceApp = std::move(sourceApp);
     this->sourceFileName = std::move(sourceFileName);
@@ -42,68 +42,55 @@ void OxaInfoReader::StartOxaDocument(std::wstring projectId, std::wstring source
     this->version = std::move(version);
 }
 
-void OxaInfoReader::Section(oxaIO::ESectionType type)
-{
+void OxaInfoReader::Section(oxaIO::ESectionType type) {
     sections.push_back(type);
 }
 
-void OxaInfoReader::EndContent()
-{
+void OxaInfoReader::EndContent() {
     throw tavxmln::CXMLException(tavxmln::CXMLException::Stop, L"");
 }
 
-bool OxaInfoReader::IsValid() const
-{
+bool OxaInfoReader::IsValid() const {
     return valid;
 }
 
-QString OxaInfoReader::GetCreated() const
-{
+QString OxaInfoReader::GetCreated() const {
     return basic::FromStdString(created);
 }
 
-QString OxaInfoReader::GetChanged() const
-{
+QString OxaInfoReader::GetChanged() const {
     return basic::FromStdString(changed);
 }
 
-std::wstring OxaInfoReader::GetProjectID() const
-{
+std::wstring OxaInfoReader::GetProjectID() const {
     return projectId;
 }
 
-std::wstring OxaInfoReader::GetSourceApp() const
-{
+std::wstring OxaInfoReader::GetSourceApp() const {
     return sourceApp;
 }
 
-std::wstring OxaInfoReader::GetSourceFileName() const
-{
+std::wstring OxaInfoReader::GetSourceFileName() const {
     return sourceFileName;
 }
 
-std::wstring OxaInfoReader::GetSourceFormat() const
-{
+std::wstring OxaInfoReader::GetSourceFormat() const {
     return sourceFormat;
 }
 
-std::wstring OxaInfoReader::GetCreatedBy() const
-{
+std::wstring OxaInfoReader::GetCreatedBy() const {
     return createdBy;
 }
 
-std::wstring OxaInfoReader::GetChangedBy() const
-{
+std::wstring OxaInfoReader::GetChangedBy() const {
     return changedBy;
 }
 
-std::wstring OxaInfoReader::GetVersion() const
-{
+std::wstring OxaInfoReader::GetVersion() const {
     return version;
 }
 
-QString OxaInfoReader::GetSections() const
-{
+QString OxaInfoReader::GetSections() const {
     QString text;
     for (std::size_t i = 0; i < sections.size(); ++i) {
         const wchar_t* name = oxaIO::SectionName(sections[i]);
@@ -116,8 +103,7 @@ QString OxaInfoReader::GetSections() const
     return text;
 }
 
-bool OxaInfoReader::HasSection(oxaIO::ESectionType type) const
-{
+bool OxaInfoReader::HasSection(oxaIO::ESectionType type) const {
     return std::find(sections.begin(), sections.end(), type) != sections.end();
 }
 

@@ -14,7 +14,8 @@ public:
     OxaNullReader();
     ~OxaNullReader() override;
 
-    void StartOxaDocument(wstring, wstring, wstring, wstring, wstring, wstring, wstring, wstring, wstring) override {}
+    void StartOxaDocument(wstring, wstring, wstring, wstring, wstring, wstring, wstring, wstring,
+                          wstring) override {}
     void EndOxaDocument() override {}
     void StartContent() override {}
     void Section(ESectionType) override {}
@@ -77,7 +78,8 @@ public:
     void ViewBackGround(int, int, int) override {}
     void ViewClippingPlane(double, VCoords3D&, bool) override {}
     void ReadThumbnailData(unsigned char*&, unsigned int&) override {}
-    void ViewCamera(VCoords3D&, VCoords3D&, VCoords3D&, double, double, double, double, int, double, double, double, double, VCoords3D&, VCoords3D&) override {}
+    void ViewCamera(VCoords3D&, VCoords3D&, VCoords3D&, double, double, double, double, int, double, double,
+                    double, double, VCoords3D&, VCoords3D&) override {}
     void StartLight(int, wstring, bool) override {}
     void SpotLight(const VCoords3D&, const VCoords3D&, double) override {}
     void PositionalLight(const VCoords3D&) override {}
@@ -105,7 +107,8 @@ public:
     void ReadResultDetail(wstring) override {}
     void EndResult() override {}
     void StartUnitSection(wstring, wstring, wstring, wstring) override {}
-    void Unit(unsigned int, ERoundMode, Nullable<unsigned int>, EDigitsMode, wstring, wstring, Nullable<double>, wstring) override {}
+    void Unit(unsigned int, ERoundMode, Nullable<unsigned int>, EDigitsMode, wstring, wstring,
+              Nullable<double>, wstring) override {}
     void ReadUnitName(wstring) override {}
     void EndUnitSection() override {}
     void StartSetSection(wstring) override {}

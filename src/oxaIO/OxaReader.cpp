@@ -3,7 +3,6 @@
 #include "tavxmln/CXMLSaxAttribut.h"
 #include "tavxmln/XMLConvert.h"
 
-#include <cmath>
 #include <cwchar>
 #include <limits>
 
@@ -18,17 +17,25 @@ const std::wstring tokenSeparators = L" \r\t\n";
 
 constexpr int anyParent = -1;
 
+/// Exact comparison of two short names; cheaper inline than a library call per attribute.
+inline bool SameName(const wchar_t* a, const wchar_t* b) {
+    while (*a && *a == *b) {
+        ++a;
+        ++b;
+    }
+    return *a == *b;
+}
+
 /// Finds the values of `names` in one walk over the attributes; an unknown attribute is
 /// ignored and a repeated one overwrites the earlier. Values not present stay null.
 template <std::size_t N>
-void FindValues(CXMLSaxAttribut** attributes, const wchar_t* const (&names)[N], const wchar_t* (&values)[N])
-{
+void FindValues(CXMLSaxAttribut** attributes, const wchar_t* const (&names)[N], const wchar_t* (&values)[N]) {
     for (const wchar_t*& value : values)
         value = nullptr;
     for (CXMLSaxAttribut** attribute = attributes; *attribute; ++attribute) {
         const wchar_t* name = (*attribute)->Name();
         for (std::size_t i = 0; i < N; ++i) {
-            if (std::wcscmp(name, names[i]) == 0) {
+            if (SameName(name, names[i])) {
                 values[i] = (*attribute)->Value();
                 break;
             }
@@ -36,37 +43,31 @@ void FindValues(CXMLSaxAttribut** attributes, const wchar_t* const (&names)[N], 
     }
 }
 
-std::wstring Text(const wchar_t* value)
-{
+std::wstring Text(const wchar_t* value) {
     return value ? std::wstring(value) : std::wstring();
 }
 
-int Int(const wchar_t* value, int fallback)
-{
+int Int(const wchar_t* value, int fallback) {
     long number = 0;
     return value && tavxmln::XMLConvertText2Long(value, number) ? int(number) : fallback;
 }
 
-double Double(const wchar_t* value, double fallback)
-{
+double Double(const wchar_t* value, double fallback) {
     double number = 0.0;
     return value && tavxmln::XMLConvertText2Double(value, number) ? number : fallback;
 }
 
-bool Bool(const wchar_t* value, bool fallback)
-{
+bool Bool(const wchar_t* value, bool fallback) {
     bool flag = false;
     return value && tavxmln::XMLConvertText2Bool(value, flag) ? flag : fallback;
 }
 
-bool IsSeparator(wchar_t c, const std::wstring& separators)
-{
+bool IsSeparator(wchar_t c, const std::wstring& separators) {
     return separators.find(c) != std::wstring::npos;
 }
 
 /// Calls `take` with each token of `text`, without building a vector.
-template <typename Take> void ForEachToken(const wchar_t* text, const std::wstring& separators, Take&& take)
-{
+template <typename Take> void ForEachToken(const wchar_t* text, const std::wstring& separators, Take&& take) {
     if (!text)
         return;
     const wchar_t* p = text;
@@ -86,8 +87,7 @@ template <typename Take> void ForEachToken(const wchar_t* text, const std::wstri
 
 /// Up to `count` numbers of a token list into `target`; a list with fewer tokens leaves
 /// `target` untouched.
-void ReadCoords(const wchar_t* text, int count, VCoords3D& target)
-{
+void ReadCoords(const wchar_t* text, int count, VCoords3D& target) {
     double values[3] = {0.0, 0.0, 0.0};
     int found = 0;
     ForEachToken(text, tokenSeparators, [&](const std::wstring& token) {
@@ -102,8 +102,7 @@ void ReadCoords(const wchar_t* text, int count, VCoords3D& target)
     target.z = count > 2 ? values[2] : 0.0;
 }
 
-void ReadDateFields(const wchar_t* date, const wchar_t* time, int (&fields)[6])
-{
+void ReadDateFields(const wchar_t* date, const wchar_t* time, int (&fields)[6]) {
     for (int& field : fields)
         field = 0;
     if (date)
@@ -124,8 +123,7 @@ struct OxaReader::ElementRule {
 
 /// The comparison chain of exact, case-sensitive name comparisons; the first match wins. The
 /// elements a model has most of come first, so that the common case ends the walk at once.
-const OxaReader::ElementRule* OxaReader::FindRule(const wchar_t* name)
-{
+const OxaReader::ElementRule* OxaReader::FindRule(const wchar_t* name) {
     static const ElementRule rules[] = {
         {L"p", esP, {esObject2D, esData3D, 0, 0}},
         {L"t", esT, {esObject2D, esData3D, esFace, esTess}},
@@ -205,7 +203,7 @@ const OxaReader::ElementRule* OxaReader::FindRule(const wchar_t* name)
         {L"msgSet", esMsgSet, {esMsgInfo, 0, 0, 0}},
     };
     for (const ElementRule& rule : rules)
-        if (std::wcscmp(name, rule.name) == 0)
+        if (SameName(name, rule.name))
             return &rule;
     return nullptr;
 }
@@ -213,16 +211,14 @@ const OxaReader::ElementRule* OxaReader::FindRule(const wchar_t* name)
 OxaReader::OxaReader() = default;
 OxaReader::~OxaReader() = default;
 
-void OxaReader::StartDocument()
-{
+void OxaReader::StartDocument() {
     identifierMap.clear();
     elementStack.clear();
 }
 
 void OxaReader::EndDocument() {}
 
-bool OxaReader::ParentAllowed(const ElementRule& rule) const
-{
+bool OxaReader::ParentAllowed(const ElementRule& rule) const {
     if (rule.state == esObjects)
         return elementStack.empty();
     if (elementStack.empty() || rule.parents[0] == anyParent)
@@ -235,8 +231,7 @@ bool OxaReader::ParentAllowed(const ElementRule& rule) const
 }
 
 void OxaReader::StartElement(const wchar_t*, const wchar_t* localName, const wchar_t*,
-                             CXMLSaxAttribut** attributes)
-{
+                             CXMLSaxAttribut** attributes) {
     if (!attributes)
         return;
     const ElementRule* rule = FindRule(localName);
@@ -255,83 +250,196 @@ void OxaReader::StartElement(const wchar_t*, const wchar_t* localName, const wch
     elementStack.push_back(rule->state);
 }
 
-void OxaReader::StartKnownElement(const ElementRule& rule, CXMLSaxAttribut** attributes)
-{
+void OxaReader::StartKnownElement(const ElementRule& rule, CXMLSaxAttribut** attributes) {
     switch (rule.state) {
-    case esP: ReadP(attributes); break;
-    case esT: ReadT(attributes); break;
-    case esProperty: ReadProperty(attributes); break;
-    case esVal: ReadVal(attributes); break;
-    case esObjects: ReadObjects(attributes); break;
-    case esID: ReadIdMappingEntry(attributes); break;
-    case esObject3D: ReadObject3D(attributes); break;
-    case esData3D: ReadData3D(attributes); break;
-    case esPl: ReadPolyline(attributes); break;
-    case esTess: StartTessellation(); break;
-    case esOptOBB: ReadOptOBB(attributes); break;
-    case esOptOBBxy: ReadOptOBBxy(attributes); break;
-    case esContainer: ReadContainer(attributes); break;
-    case esRootContainer: ReadRootContainer(attributes); break;
-    case esL: ReadLine(attributes); break;
-    case esContent: ReadContent(attributes); break;
-    case esSection: ReadContentSection(attributes); break;
-    case esObjectSection: ReadObjectSection(attributes); break;
-    case esMaterial: ReadMaterial(attributes); break;
+    case esP:
+        ReadP(attributes);
+        break;
+    case esT:
+        ReadT(attributes);
+        break;
+    case esProperty:
+        ReadProperty(attributes);
+        break;
+    case esVal:
+        ReadVal(attributes);
+        break;
+    case esObjects:
+        ReadObjects(attributes);
+        break;
+    case esID:
+        ReadIdMappingEntry(attributes);
+        break;
+    case esObject3D:
+        ReadObject3D(attributes);
+        break;
+    case esData3D:
+        ReadData3D(attributes);
+        break;
+    case esPl:
+        ReadPolyline(attributes);
+        break;
+    case esTess:
+        StartTessellation();
+        break;
+    case esOptOBB:
+        ReadOptOBB(attributes);
+        break;
+    case esOptOBBxy:
+        ReadOptOBBxy(attributes);
+        break;
+    case esContainer:
+        ReadContainer(attributes);
+        break;
+    case esRootContainer:
+        ReadRootContainer(attributes);
+        break;
+    case esL:
+        ReadLine(attributes);
+        break;
+    case esContent:
+        ReadContent(attributes);
+        break;
+    case esSection:
+        ReadContentSection(attributes);
+        break;
+    case esObjectSection:
+        ReadObjectSection(attributes);
+        break;
+    case esMaterial:
+        ReadMaterial(attributes);
+        break;
     case esDiff:
     case esSpec:
-    case esAmb: ReadColorElement(attributes, rule.state); break;
-    case esTrans: ReadTrans(attributes); break;
-    case esTex: ReadTexture(attributes); break;
-    case esGenericObject: ReadGenericObject(attributes); break;
-    case esObject2D: ReadObject2D(attributes); break;
-    case esSolid: StartSolid(); break;
-    case esFace: ReadFaceShape(attributes); break;
+    case esAmb:
+        ReadColorElement(attributes, rule.state);
+        break;
+    case esTrans:
+        ReadTrans(attributes);
+        break;
+    case esTex:
+        ReadTexture(attributes);
+        break;
+    case esGenericObject:
+        ReadGenericObject(attributes);
+        break;
+    case esObject2D:
+        ReadObject2D(attributes);
+        break;
+    case esSolid:
+        StartSolid();
+        break;
+    case esFace:
+        ReadFaceShape(attributes);
+        break;
     case esObjectDataSection:
     case esMaterialSection:
     case esPropertySection:
     case esTopologySection:
     case esFitSection:
-    case esVisualisationSection: ReadVersionedSection(attributes, rule.state); break;
+    case esVisualisationSection:
+        ReadVersionedSection(attributes, rule.state);
+        break;
     case esContacts:
-    case esIntersections: ReadContacts(attributes, rule.state); break;
+    case esIntersections:
+        ReadContacts(attributes, rule.state);
+        break;
     case esContact:
-    case esIsect: ReadPair(attributes, rule.state); break;
-    case esHRefs: ReadHRefs(attributes); break;
-    case esHRef: ReadHRef(attributes); break;
-    case esHRefRel: ReadHRefRel(attributes); break;
-    case esItem: ReadItem(attributes); break;
-    case esItemData: ReadItemData(attributes); break;
-    case esFormula: ReadFormula(attributes); break;
-    case esResult: ReadResult(attributes); break;
-    case esViewContainer: ReadViewContainer(attributes); break;
-    case esView: ReadView(attributes); break;
-    case esCamera: ReadCamera(attributes); break;
-    case esLight: ReadLight(attributes); break;
+    case esIsect:
+        ReadPair(attributes, rule.state);
+        break;
+    case esHRefs:
+        ReadHRefs(attributes);
+        break;
+    case esHRef:
+        ReadHRef(attributes);
+        break;
+    case esHRefRel:
+        ReadHRefRel(attributes);
+        break;
+    case esItem:
+        ReadItem(attributes);
+        break;
+    case esItemData:
+        ReadItemData(attributes);
+        break;
+    case esFormula:
+        ReadFormula(attributes);
+        break;
+    case esResult:
+        ReadResult(attributes);
+        break;
+    case esViewContainer:
+        ReadViewContainer(attributes);
+        break;
+    case esView:
+        ReadView(attributes);
+        break;
+    case esCamera:
+        ReadCamera(attributes);
+        break;
+    case esLight:
+        ReadLight(attributes);
+        break;
     case esSpot:
     case esPositional:
-    case esDirectional: ReadLightPlacement(attributes, rule.state); break;
-    case esBgColor: ReadBackground(attributes); break;
-    case esClpPlane: ReadClippingPlane(attributes); break;
-    case esUnitSection: ReadUnitSection(attributes); break;
-    case esUnit: ReadUnit(attributes); break;
-    case esSetSection: ReadSetSection(attributes); break;
-    case esSetContainer: ReadSetContainer(attributes); break;
-    case esLoggingSection: ReadLoggingSection(attributes); break;
-    case esActivitySection: ReadActivitySection(attributes); break;
-    case esSchedule: ReadSchedule(attributes); break;
-    case esActivity: ReadActivity(attributes); break;
-    case esStart: ReadStart(attributes); break;
-    case esEnd: ReadEnd(attributes); break;
-    case esLevelDef: ReadLevelDef(attributes); break;
-    case esMsgGrp: ReadMsgGrp(attributes); break;
-    case esMsgInfo: ReadMsgInfo(attributes); break;
-    case esMsgSet: ReadMsgSet(attributes); break;
-    default: break; // IDMapping, items, qto, thumbnail, qtoInstances, desc, msgTxt: no callback
+    case esDirectional:
+        ReadLightPlacement(attributes, rule.state);
+        break;
+    case esBgColor:
+        ReadBackground(attributes);
+        break;
+    case esClpPlane:
+        ReadClippingPlane(attributes);
+        break;
+    case esUnitSection:
+        ReadUnitSection(attributes);
+        break;
+    case esUnit:
+        ReadUnit(attributes);
+        break;
+    case esSetSection:
+        ReadSetSection(attributes);
+        break;
+    case esSetContainer:
+        ReadSetContainer(attributes);
+        break;
+    case esLoggingSection:
+        ReadLoggingSection(attributes);
+        break;
+    case esActivitySection:
+        ReadActivitySection(attributes);
+        break;
+    case esSchedule:
+        ReadSchedule(attributes);
+        break;
+    case esActivity:
+        ReadActivity(attributes);
+        break;
+    case esStart:
+        ReadStart(attributes);
+        break;
+    case esEnd:
+        ReadEnd(attributes);
+        break;
+    case esLevelDef:
+        ReadLevelDef(attributes);
+        break;
+    case esMsgGrp:
+        ReadMsgGrp(attributes);
+        break;
+    case esMsgInfo:
+        ReadMsgInfo(attributes);
+        break;
+    case esMsgSet:
+        ReadMsgSet(attributes);
+        break;
+    default:
+        break; // IDMapping, items, qto, thumbnail, qtoInstances, desc, msgTxt: no callback
     }
 }
 
-void OxaReader::EndElement(const wchar_t*, const wchar_t*, const wchar_t*)
-{
+void OxaReader::EndElement(const wchar_t*, const wchar_t*, const wchar_t*) {
     if (elementStack.empty())
         return;
     const int state = elementStack.back();
@@ -341,65 +449,156 @@ void OxaReader::EndElement(const wchar_t*, const wchar_t*, const wchar_t*)
 
 /// The end callback of a state. `contacts`, `intersections` and `hRefs` have none on purpose:
 /// a builder keeps such a list open until the next one starts.
-void OxaReader::EndCallback(int state)
-{
+void OxaReader::EndCallback(int state) {
     switch (state) {
-    case esT: EndTriangle(); break;
-    case esProperty: EndProperty(); break;
-    case esVal: EndVal(); break;
-    case esObjects: EndOxaDocument(); break;
-    case esObject3D: EndObject3D(); break;
-    case esData3D: EndData3D(); break;
-    case esPl: EndPolyline(); break;
-    case esTess: EndTessellation(); break;
-    case esContainer: EndContainer(); break;
-    case esRootContainer: EndRootContainer(); break;
-    case esContent: EndContent(); break;
-    case esObjectSection: EndObjectSection(); break;
-    case esObjectDataSection: EndObjectDataSection(); break;
-    case esMaterial: EndMaterial(); break;
-    case esMaterialSection: EndMaterialSection(); break;
-    case esObject2D: EndObject2D(); break;
-    case esSolid: EndSolid(); break;
-    case esFace: EndFace(); break;
-    case esPropertySection: EndPropertySection(); break;
-    case esTopologySection: EndTopologySection(); break;
-    case esFitSection: EndFitSection(); break;
-    case esItem: EndItem(); break;
-    case esItemData: EndItemData(); break;
-    case esFormula: EndFormula(); break;
-    case esResult: EndResult(); break;
-    case esVisualisationSection: EndVisualisationSection(); break;
-    case esViewContainer: EndViewContainer(); break;
-    case esView: EndView(); break;
-    case esLight: EndLight(); break;
-    case esUnitSection: EndUnitSection(); break;
-    case esSetSection: EndSetSection(); break;
+    case esT:
+        EndTriangle();
+        break;
+    case esProperty:
+        EndProperty();
+        break;
+    case esVal:
+        EndVal();
+        break;
+    case esObjects:
+        EndOxaDocument();
+        break;
+    case esObject3D:
+        EndObject3D();
+        break;
+    case esData3D:
+        EndData3D();
+        break;
+    case esPl:
+        EndPolyline();
+        break;
+    case esTess:
+        EndTessellation();
+        break;
+    case esContainer:
+        EndContainer();
+        break;
+    case esRootContainer:
+        EndRootContainer();
+        break;
+    case esContent:
+        EndContent();
+        break;
+    case esObjectSection:
+        EndObjectSection();
+        break;
+    case esObjectDataSection:
+        EndObjectDataSection();
+        break;
+    case esMaterial:
+        EndMaterial();
+        break;
+    case esMaterialSection:
+        EndMaterialSection();
+        break;
+    case esObject2D:
+        EndObject2D();
+        break;
+    case esSolid:
+        EndSolid();
+        break;
+    case esFace:
+        EndFace();
+        break;
+    case esPropertySection:
+        EndPropertySection();
+        break;
+    case esTopologySection:
+        EndTopologySection();
+        break;
+    case esFitSection:
+        EndFitSection();
+        break;
+    case esItem:
+        EndItem();
+        break;
+    case esItemData:
+        EndItemData();
+        break;
+    case esFormula:
+        EndFormula();
+        break;
+    case esResult:
+        EndResult();
+        break;
+    case esVisualisationSection:
+        EndVisualisationSection();
+        break;
+    case esViewContainer:
+        EndViewContainer();
+        break;
+    case esView:
+        EndView();
+        break;
+    case esLight:
+        EndLight();
+        break;
+    case esUnitSection:
+        EndUnitSection();
+        break;
+    case esSetSection:
+        EndSetSection();
+        break;
     case esSet:
-    case esSmartSet: EndSet(); break;
-    case esSetContainer: EndSetContainer(); break;
-    case esLoggingSection: EndLoggingSection(); break;
-    case esActivitySection: EndActivitySection(); break;
-    case esSchedule: EndSchedule(); break;
-    case esActivity: EndActivity(); break;
-    case esStart: EndStart(); break;
-    case esEnd: EndEnd(); break;
-    case esLevelDef: EndLevelDef(); break;
-    case esMsgGrp: EndMsgGrp(); break;
-    case esMsgInfo: EndMsgInfo(); break;
-    default: break;
+    case esSmartSet:
+        EndSet();
+        break;
+    case esSetContainer:
+        EndSetContainer();
+        break;
+    case esLoggingSection:
+        EndLoggingSection();
+        break;
+    case esActivitySection:
+        EndActivitySection();
+        break;
+    case esSchedule:
+        EndSchedule();
+        break;
+    case esActivity:
+        EndActivity();
+        break;
+    case esStart:
+        EndStart();
+        break;
+    case esEnd:
+        EndEnd();
+        break;
+    case esLevelDef:
+        EndLevelDef();
+        break;
+    case esMsgGrp:
+        EndMsgGrp();
+        break;
+    case esMsgInfo:
+        EndMsgInfo();
+        break;
+    default:
+        break;
     }
 }
 
-void OxaReader::Characters(const wchar_t* text)
-{
+void OxaReader::Characters(const wchar_t* text) {
     if (elementStack.empty())
         return;
     switch (elementStack.back()) {
-    case esProperty: ReadPropertyValue(text); break;
-    case esVal: ReadValValue(text); break;
-    case esResult: ReadResultDetail(text); break;
-    case esUnit: ReadUnitName(text); break;
+    case esProperty:
+        ReadPropertyValue(text);
+        break;
+    case esVal:
+        ReadValValue(text);
+        break;
+    case esResult:
+        ReadResultDetail(text);
+        break;
+    case esUnit:
+        ReadUnitName(text);
+        break;
     case esThumbnail: {
         unsigned char* data = nullptr;
         unsigned long size = 0;
@@ -410,22 +609,27 @@ void OxaReader::Characters(const wchar_t* text)
         break;
     }
     case esSet:
-    case esSmartSet: ReadSetContent(text); break;
-    case esDesc: ReadDesc(text); break;
-    case esMsgTxt: MsgTxt(text); break;
-    default: break;
+    case esSmartSet:
+        ReadSetContent(text);
+        break;
+    case esDesc:
+        ReadDesc(text);
+        break;
+    case esMsgTxt:
+        MsgTxt(text);
+        break;
+    default:
+        break;
     }
 }
 
-std::vector<std::wstring> OxaReader::Tokenise(const std::wstring& text, const std::wstring& separators)
-{
+std::vector<std::wstring> OxaReader::Tokenise(const std::wstring& text, const std::wstring& separators) {
     std::vector<std::wstring> tokens;
     ForEachToken(text.c_str(), separators, [&](const std::wstring& token) { tokens.push_back(token); });
     return tokens;
 }
 
-bool OxaReader::TokeniseCoords3D(const std::wstring& text, VCoords3D& coords)
-{
+bool OxaReader::TokeniseCoords3D(const std::wstring& text, VCoords3D& coords) {
     const std::vector<std::wstring> tokens = Tokenise(text, tokenSeparators);
     if (tokens.size() < 3)
         return false;
@@ -435,32 +639,34 @@ bool OxaReader::TokeniseCoords3D(const std::wstring& text, VCoords3D& coords)
     return true;
 }
 
-void OxaReader::TokeniseDoubles(const std::wstring& text, std::vector<double>& values)
-{
+void OxaReader::TokeniseDoubles(const std::wstring& text, std::vector<double>& values) {
     ForEachToken(text.c_str(), tokenSeparators,
                  [&](const std::wstring& token) { values.push_back(Double(token.c_str(), 0.0)); });
 }
 
 void OxaReader::SetFaceShape(EFaceShape) {}
 
-std::wstring OxaReader::GetObjectID(const std::wstring& id)
-{
+std::wstring OxaReader::MappedID(const wchar_t* value) {
+    // An attribute that is not there maps to nothing: only identifiers the document names
+    // take part in the identifier map.
+    return value ? GetObjectID(value) : std::wstring();
+}
+
+std::wstring OxaReader::GetObjectID(const std::wstring& id) {
     if (identifierMap.empty())
         return id;
     const std::wstring& mapped = identifierMap[id];
     return mapped.empty() ? id : mapped;
 }
 
-std::wstring OxaReader::GetMappedObjectID(const std::wstring& id)
-{
+std::wstring OxaReader::GetMappedObjectID(const std::wstring& id) {
     for (const auto& entry : identifierMap)
         if (entry.second == id)
             return entry.first;
     return id;
 }
 
-void OxaReader::ReadColor(CXMLSaxAttribut** attributes, int& r, int& g, int& b, double& a)
-{
+void OxaReader::ReadColor(CXMLSaxAttribut** attributes, int& r, int& g, int& b, double& a) {
     r = g = b = 0;
     static const wchar_t* const names[] = {L"r", L"g", L"b", L"a"};
     const wchar_t* values[4];
@@ -471,13 +677,11 @@ void OxaReader::ReadColor(CXMLSaxAttribut** attributes, int& r, int& g, int& b, 
     a = Double(values[3], -1.0);
 }
 
-ESectionType OxaReader::GetSectionType(const std::wstring& name)
-{
-    static const ESectionType order[] = {stObjectSection,        stObjectDataSection, stPropertySection,
-                                         stMaterialSection,      stTopologySection,   stFitSection,
-                                         stUnitSection,          stCurrencySection,   stVisualisationSection,
-                                         stSetSection,           stBsSection,         stActivitySection,
-                                         stClashSection,         stLoggingSection};
+ESectionType OxaReader::GetSectionType(const std::wstring& name) {
+    static const ESectionType order[] = {
+        stObjectSection, stObjectDataSection, stPropertySection, stMaterialSection,      stTopologySection,
+        stFitSection,    stUnitSection,       stCurrencySection, stVisualisationSection, stSetSection,
+        stBsSection,     stActivitySection,   stClashSection,    stLoggingSection};
     for (ESectionType type : order)
         if (name == SectionName(type))
             return type;
@@ -485,18 +689,16 @@ ESectionType OxaReader::GetSectionType(const std::wstring& name)
 }
 
 void OxaReader::ReadIdNameUnit(CXMLSaxAttribut** attributes, std::wstring& id, std::wstring& name,
-                               std::wstring& unit)
-{
+                               std::wstring& unit) {
     static const wchar_t* const names[] = {L"ID", L"name", L"unit"};
     const wchar_t* values[3];
     FindValues(attributes, names, values);
-    id = values[0] ? GetObjectID(values[0]) : std::wstring();
+    id = MappedID(values[0]);
     name = Text(values[1]);
     unit = Text(values[2]);
 }
 
-void OxaReader::ReadCompositAttribute(CXMLSaxAttribut** attributes, bool& composite)
-{
+void OxaReader::ReadCompositAttribute(CXMLSaxAttribut** attributes, bool& composite) {
     static const wchar_t* const names[] = {L"composite"};
     const wchar_t* values[1];
     FindValues(attributes, names, values);
@@ -504,8 +706,7 @@ void OxaReader::ReadCompositAttribute(CXMLSaxAttribut** attributes, bool& compos
 }
 
 void OxaReader::ReadRotTrans(CXMLSaxAttribut** attributes, std::vector<double>& rotation,
-                             std::vector<double>& translation)
-{
+                             std::vector<double>& translation) {
     static const wchar_t* const names[] = {L"mRot", L"vTrans"};
     const wchar_t* values[2];
     FindValues(attributes, names, values);
@@ -515,21 +716,21 @@ void OxaReader::ReadRotTrans(CXMLSaxAttribut** attributes, std::vector<double>& 
         TokeniseDoubles(values[1], translation);
 }
 
-void OxaReader::ReadObjectBaseAttributes(CXMLSaxAttribut** attributes, std::wstring& id, std::wstring& materialId,
-                                         std::wstring& name, bool& negative, std::wstring& refId)
-{
+void OxaReader::ReadObjectBaseAttributes(CXMLSaxAttribut** attributes, std::wstring& id,
+                                         std::wstring& materialId, std::wstring& name, bool& negative,
+                                         std::wstring& refId) {
     static const wchar_t* const names[] = {L"ID", L"matID", L"name", L"negative", L"refID"};
     const wchar_t* values[5];
     FindValues(attributes, names, values);
-    id = values[0] ? GetObjectID(values[0]) : std::wstring();
-    materialId = values[1] ? GetObjectID(values[1]) : std::wstring();
+    id = MappedID(values[0]);
+    materialId = MappedID(values[1]);
     name = Text(values[2]);
     negative = Bool(values[3], false);
-    refId = values[4] ? GetObjectID(values[4]) : std::wstring();
+    refId = MappedID(values[4]);
 }
 
-void OxaReader::ReadPointAttributes(CXMLSaxAttribut** attributes, int& number, double& x, double& y, double& z)
-{
+void OxaReader::ReadPointAttributes(CXMLSaxAttribut** attributes, int& number, double& x, double& y,
+                                    double& z) {
     static const wchar_t* const names[] = {L"nr", L"x", L"y", L"z"};
     const wchar_t* values[4];
     FindValues(attributes, names, values);
@@ -539,8 +740,7 @@ void OxaReader::ReadPointAttributes(CXMLSaxAttribut** attributes, int& number, d
     z = Double(values[3], 0.0);
 }
 
-void OxaReader::ReadTriangleAttributes(CXMLSaxAttribut** attributes, int& p1, int& p2, int& p3)
-{
+void OxaReader::ReadTriangleAttributes(CXMLSaxAttribut** attributes, int& p1, int& p2, int& p3) {
     static const wchar_t* const names[] = {L"p1", L"p2", L"p3"};
     const wchar_t* values[3];
     FindValues(attributes, names, values);
@@ -549,9 +749,8 @@ void OxaReader::ReadTriangleAttributes(CXMLSaxAttribut** attributes, int& p1, in
     p3 = Int(values[2], -1);
 }
 
-void OxaReader::ReadPolylineAttributes(CXMLSaxAttribut** attributes, std::vector<int>& points, double& thickness,
-                                       EPolylineType& type)
-{
+void OxaReader::ReadPolylineAttributes(CXMLSaxAttribut** attributes, std::vector<int>& points,
+                                       double& thickness, EPolylineType& type) {
     // "length" is part of the format but says nothing that "points" does not.
     static const wchar_t* const names[] = {L"points", L"thickness", L"type"};
     const wchar_t* values[3];
@@ -569,9 +768,8 @@ void OxaReader::ReadPolylineAttributes(CXMLSaxAttribut** attributes, std::vector
         type = plChain;
 }
 
-void OxaReader::ReadOptOBBAttributes(CXMLSaxAttribut** attributes, VCoords3D& reference, VCoords3D& x, VCoords3D& y,
-                                     VCoords3D& z)
-{
+void OxaReader::ReadOptOBBAttributes(CXMLSaxAttribut** attributes, VCoords3D& reference, VCoords3D& x,
+                                     VCoords3D& y, VCoords3D& z) {
     static const wchar_t* const names[] = {L"ref", L"vx", L"vy", L"vz"};
     const wchar_t* values[4];
     FindValues(attributes, names, values);
@@ -582,8 +780,7 @@ void OxaReader::ReadOptOBBAttributes(CXMLSaxAttribut** attributes, VCoords3D& re
 }
 
 void OxaReader::ReadOptOBBxyAttributes(CXMLSaxAttribut** attributes, VCoords3D& reference, VCoords3D& x,
-                                       VCoords3D& y, double& height)
-{
+                                       VCoords3D& y, double& height) {
     static const wchar_t* const names[] = {L"ref", L"vx", L"vy", L"h"};
     const wchar_t* values[4];
     FindValues(attributes, names, values);
@@ -593,8 +790,7 @@ void OxaReader::ReadOptOBBxyAttributes(CXMLSaxAttribut** attributes, VCoords3D& 
     height = Double(values[3], 0.0);
 }
 
-void OxaReader::ReadTextureCoords(CXMLSaxAttribut** attributes, std::vector<VCoords2D>& coords)
-{
+void OxaReader::ReadTextureCoords(CXMLSaxAttribut** attributes, std::vector<VCoords2D>& coords) {
     static const wchar_t* const names[] = {L"coords"};
     const wchar_t* values[1];
     FindValues(attributes, names, values);
@@ -618,20 +814,18 @@ void OxaReader::ReadTextureCoords(CXMLSaxAttribut** attributes, std::vector<VCoo
 }
 
 void OxaReader::ReadViewAttributes(CXMLSaxAttribut** attributes, std::wstring& id, std::wstring& name,
-                                   bool& current, std::wstring& thumbnail)
-{
+                                   bool& current, std::wstring& thumbnail) {
     static const wchar_t* const names[] = {L"ID", L"name", L"current", L"thumbnail"};
     const wchar_t* values[4];
     FindValues(attributes, names, values);
-    id = values[0] ? GetObjectID(values[0]) : std::wstring();
+    id = MappedID(values[0]);
     name = Text(values[1]);
     current = Bool(values[2], false);
     thumbnail = Text(values[3]);
 }
 
 void OxaReader::ReadClippingPlaneAttributes(CXMLSaxAttribut** attributes, double& distance, VCoords3D& normal,
-                                            bool& off)
-{
+                                            bool& off) {
     static const wchar_t* const names[] = {L"d", L"n", L"off"};
     const wchar_t* values[3];
     FindValues(attributes, names, values);
@@ -640,16 +834,15 @@ void OxaReader::ReadClippingPlaneAttributes(CXMLSaxAttribut** attributes, double
     off = Bool(values[2], false);
 }
 
-void OxaReader::ReadCameraAttributes(CXMLSaxAttribut** attributes, VCoords3D& eye, VCoords3D& lookAt, VCoords3D& up,
-                                     double& nearPlane, double& farPlane, double& viewAngle, double& aspectRatio,
-                                     int& projectionType, double& expOrthoWidth, double& expOrthoHeight,
-                                     double& orthoWidth, double& orthoHeight, VCoords3D& savedEye,
-                                     VCoords3D& savedLookAt)
-{
-    static const wchar_t* const names[] = {L"eye",           L"lookat",         L"up",         L"nearPlane",
-                                           L"farPlane",      L"viewAngle",      L"aspectRatio", L"projType",
-                                           L"expOrthoWidth", L"expOrthoHeight", L"orthoWidth", L"orthoHeight",
-                                           L"savedEye",      L"savedLookat"};
+void OxaReader::ReadCameraAttributes(CXMLSaxAttribut** attributes, VCoords3D& eye, VCoords3D& lookAt,
+                                     VCoords3D& up, double& nearPlane, double& farPlane, double& viewAngle,
+                                     double& aspectRatio, int& projectionType, double& expOrthoWidth,
+                                     double& expOrthoHeight, double& orthoWidth, double& orthoHeight,
+                                     VCoords3D& savedEye, VCoords3D& savedLookAt) {
+    static const wchar_t* const names[] = {
+        L"eye",        L"lookat",      L"up",       L"nearPlane",     L"farPlane",
+        L"viewAngle",  L"aspectRatio", L"projType", L"expOrthoWidth", L"expOrthoHeight",
+        L"orthoWidth", L"orthoHeight", L"savedEye", L"savedLookat"};
     const wchar_t* values[14];
     FindValues(attributes, names, values);
     ReadCoords(values[0], 3, eye);
@@ -668,76 +861,66 @@ void OxaReader::ReadCameraAttributes(CXMLSaxAttribut** attributes, VCoords3D& ey
     ReadCoords(values[13], 3, savedLookAt);
 }
 
-void OxaReader::ReadActivitySection(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadActivitySection(CXMLSaxAttribut** attributes) {
     static const wchar_t* const names[] = {L"version"};
     const wchar_t* values[1];
     FindValues(attributes, names, values);
     StartActivitySection(Text(values[0]));
 }
 
-void OxaReader::ReadSchedule(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadSchedule(CXMLSaxAttribut** attributes) {
     static const wchar_t* const names[] = {L"ID", L"name", L"ref", L"duration"};
     const wchar_t* values[4];
     FindValues(attributes, names, values);
-    StartSchedule(GetObjectID(Text(values[0])), Text(values[1]), Text(values[2]), Int(values[3], -1));
+    StartSchedule(MappedID(values[0]), Text(values[1]), Text(values[2]), Int(values[3], -1));
 }
 
-void OxaReader::ReadActivity(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadActivity(CXMLSaxAttribut** attributes) {
     static const wchar_t* const names[] = {L"ID", L"name", L"wbs", L"duration", L"visType", L"refID"};
     const wchar_t* values[6];
     FindValues(attributes, names, values);
-    StartActivity(GetObjectID(Text(values[0])), Text(values[1]), Text(values[2]), Int(values[3], -1),
-                  Text(values[4]), GetObjectID(Text(values[5])));
+    StartActivity(MappedID(values[0]), Text(values[1]), Text(values[2]), Int(values[3], -1), Text(values[4]),
+                  MappedID(values[5]));
 }
 
-void OxaReader::ReadDateTimeGroup(CXMLSaxAttribut** attributes, int (&fields)[6])
-{
+void OxaReader::ReadDateTimeGroup(CXMLSaxAttribut** attributes, int (&fields)[6]) {
     static const wchar_t* const names[] = {L"date", L"time"};
     const wchar_t* values[2];
     FindValues(attributes, names, values);
     ReadDateFields(values[0], values[1], fields);
 }
 
-void OxaReader::ReadStart(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadStart(CXMLSaxAttribut** attributes) {
     int f[6];
     ReadDateTimeGroup(attributes, f);
     StartStart(f[0], f[1], f[2], f[3], f[4], f[5]);
 }
 
-void OxaReader::ReadEnd(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadEnd(CXMLSaxAttribut** attributes) {
     int f[6];
     ReadDateTimeGroup(attributes, f);
     StartEnd(f[0], f[1], f[2], f[3], f[4], f[5]);
 }
 
-void OxaReader::ReadLoggingSection(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadLoggingSection(CXMLSaxAttribut** attributes) {
     static const wchar_t* const names[] = {L"version"};
     const wchar_t* values[1];
     FindValues(attributes, names, values);
     StartLoggingSection(Text(values[0]));
 }
 
-void OxaReader::ReadLevelDef(CXMLSaxAttribut**)
-{
+void OxaReader::ReadLevelDef(CXMLSaxAttribut**) {
     StartLevelDef();
 }
 
-void OxaReader::ReadMsgGrp(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadMsgGrp(CXMLSaxAttribut** attributes) {
     static const wchar_t* const names[] = {L"ID", L"description"};
     const wchar_t* values[2];
     FindValues(attributes, names, values);
-    StartMsgGrp(GetObjectID(Text(values[0])), Text(values[1]));
+    StartMsgGrp(MappedID(values[0]), Text(values[1]));
 }
 
-void OxaReader::ReadMsgInfo(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadMsgInfo(CXMLSaxAttribut** attributes) {
     static const wchar_t* const names[] = {L"type", L"module", L"timeStamp", L"levelRefID"};
     static const wchar_t* const typeNames[] = {L"Info", L"Warning", L"Error", L"Summary", L"Debug", L"Fatal"};
     const wchar_t* values[4];
@@ -749,52 +932,46 @@ void OxaReader::ReadMsgInfo(CXMLSaxAttribut** attributes)
     int f[6] = {0, 0, 0, 0, 0, 0};
     if (values[2])
         tavxmln::XMLConvertText2DateTime(values[2], f[0], f[1], f[2], f[3], f[4], f[5]);
-    const std::wstring level = values[3] ? GetObjectID(values[3]) : std::wstring();
+    const std::wstring level = MappedID(values[3]);
     StartMsgInfo(type, Text(values[1]), f[0], f[1], f[2], f[3], f[4], f[5], level);
 }
 
-void OxaReader::ReadMsgSet(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadMsgSet(CXMLSaxAttribut** attributes) {
     static const wchar_t* const names[] = {L"refID"};
     const wchar_t* values[1];
     FindValues(attributes, names, values);
-    MsgSet(GetObjectID(Text(values[0])));
+    MsgSet(MappedID(values[0]));
 }
 
-void OxaReader::ReadObjects(CXMLSaxAttribut** attributes)
-{
-    static const wchar_t* const names[] = {L"projectID",  L"sourceApp", L"sourceFileName",
-                                           L"sourceFormat", L"created", L"createdBy",
-                                           L"changedBy",  L"changed",   L"oxaversion"};
+void OxaReader::ReadObjects(CXMLSaxAttribut** attributes) {
+    static const wchar_t* const names[] = {L"projectID",    L"sourceApp", L"sourceFileName",
+                                           L"sourceFormat", L"created",   L"createdBy",
+                                           L"changedBy",    L"changed",   L"oxaversion"};
     const wchar_t* values[9];
     FindValues(attributes, names, values);
     StartOxaDocument(Text(values[0]), Text(values[1]), Text(values[2]), Text(values[3]), Text(values[4]),
                      Text(values[5]), Text(values[6]), Text(values[7]), Text(values[8]));
 }
 
-void OxaReader::ReadContent(CXMLSaxAttribut**)
-{
+void OxaReader::ReadContent(CXMLSaxAttribut**) {
     StartContent();
 }
 
-void OxaReader::ReadContentSection(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadContentSection(CXMLSaxAttribut** attributes) {
     static const wchar_t* const names[] = {L"name"};
     const wchar_t* values[1];
     FindValues(attributes, names, values);
     Section(GetSectionType(Text(values[0])));
 }
 
-void OxaReader::ReadIdMappingEntry(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadIdMappingEntry(CXMLSaxAttribut** attributes) {
     static const wchar_t* const names[] = {L"k", L"v"};
     const wchar_t* values[2];
     FindValues(attributes, names, values);
     identifierMap[Text(values[0])] = Text(values[1]);
 }
 
-void OxaReader::ReadContainer(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadContainer(CXMLSaxAttribut** attributes) {
     std::wstring id, name, unit;
     bool composite = false;
     ReadIdNameUnit(attributes, id, name, unit);
@@ -802,8 +979,7 @@ void OxaReader::ReadContainer(CXMLSaxAttribut** attributes)
     StartContainer(id, name, unit, composite);
 }
 
-void OxaReader::ReadRootContainer(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadRootContainer(CXMLSaxAttribut** attributes) {
     std::wstring id, name, unit;
     std::vector<double> rotation, translation;
     ReadIdNameUnit(attributes, id, name, unit);
@@ -811,61 +987,52 @@ void OxaReader::ReadRootContainer(CXMLSaxAttribut** attributes)
     StartRootContainer(id, name, rotation, translation);
 }
 
-void OxaReader::ReadObject3D(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadObject3D(CXMLSaxAttribut** attributes) {
     std::wstring id, materialId, name, refId;
     bool negative = false;
     ReadObjectBaseAttributes(attributes, id, materialId, name, negative, refId);
     StartObject3D(id, materialId, name, negative, refId);
 }
 
-void OxaReader::ReadObject2D(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadObject2D(CXMLSaxAttribut** attributes) {
     std::wstring id, materialId, name, refId;
     bool negative = false;
     ReadObjectBaseAttributes(attributes, id, materialId, name, negative, refId);
     StartObject2D(id, materialId, name, negative, refId);
 }
 
-void OxaReader::ReadData3D(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadData3D(CXMLSaxAttribut** attributes) {
     static const wchar_t* const names[] = {L"refID"};
     const wchar_t* values[1];
     FindValues(attributes, names, values);
-    StartData3D(values[0] ? GetObjectID(values[0]) : std::wstring());
+    StartData3D(MappedID(values[0]));
 }
 
-void OxaReader::ReadP(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadP(CXMLSaxAttribut** attributes) {
     int number = 0;
     double x = 0.0, y = 0.0, z = 0.0;
     ReadPointAttributes(attributes, number, x, y, z);
     Point(number, x, y, z);
 }
 
-void OxaReader::ReadT(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadT(CXMLSaxAttribut** attributes) {
     int p1 = -1, p2 = -1, p3 = -1;
     ReadTriangleAttributes(attributes, p1, p2, p3);
     StartTriangle(p1, p2, p3);
 }
 
-void OxaReader::ReadProperty(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadProperty(CXMLSaxAttribut** attributes) {
     static const wchar_t* const names[] = {L"refID", L"name", L"datatype", L"unit"};
     const wchar_t* values[4];
     FindValues(attributes, names, values);
-    StartProperty(values[0] ? GetObjectID(values[0]) : std::wstring(), Text(values[1]), Text(values[2]),
-                  Text(values[3]));
+    StartProperty(MappedID(values[0]), Text(values[1]), Text(values[2]), Text(values[3]));
 }
 
-void OxaReader::ReadVal(CXMLSaxAttribut**)
-{
+void OxaReader::ReadVal(CXMLSaxAttribut**) {
     StartVal();
 }
 
-void OxaReader::ReadFaceShape(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadFaceShape(CXMLSaxAttribut** attributes) {
     static const wchar_t* const names[] = {L"shape"};
     const wchar_t* values[1];
     FindValues(attributes, names, values);
@@ -878,57 +1045,52 @@ void OxaReader::ReadFaceShape(CXMLSaxAttribut** attributes)
     SetFaceShape(shape);
 }
 
-void OxaReader::ReadSetSection(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadSetSection(CXMLSaxAttribut** attributes) {
     static const wchar_t* const names[] = {L"version"};
     const wchar_t* values[1];
     FindValues(attributes, names, values);
     StartSetSection(Text(values[0]));
 }
 
-void OxaReader::ReadSetContainer(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadSetContainer(CXMLSaxAttribut** attributes) {
     static const wchar_t* const names[] = {L"ID", L"name"};
     const wchar_t* values[2];
     FindValues(attributes, names, values);
-    StartSetContainer(GetObjectID(Text(values[0])), Text(values[1]));
+    StartSetContainer(MappedID(values[0]), Text(values[1]));
 }
 
-int OxaReader::ReadSet(CXMLSaxAttribut** attributes)
-{
+int OxaReader::ReadSet(CXMLSaxAttribut** attributes) {
     static const wchar_t* const names[] = {L"ID", L"name", L"ctype", L"type"};
     const wchar_t* values[4];
     FindValues(attributes, names, values);
     const wchar_t* type = values[3] ? values[3] : L"0";
     if (std::wcscmp(type, L"0") == 0) {
-        StartObjectSet(GetObjectID(Text(values[0])), Text(values[1]), Text(values[2]));
+        StartObjectSet(MappedID(values[0]), Text(values[1]), Text(values[2]));
         return esSet;
     }
     if (std::wcscmp(type, L"1") == 0) {
-        StartSmartSet(GetObjectID(Text(values[0])), Text(values[1]), Text(values[2]));
+        StartSmartSet(MappedID(values[0]), Text(values[1]), Text(values[2]));
         return esSmartSet;
     }
     return -1;
 }
 
-void OxaReader::ReadSetContent(const wchar_t* text)
-{
+void OxaReader::ReadSetContent(const wchar_t* text) {
     if (elementStack.back() == esSmartSet) {
         SmartSetPredicate(text);
         return;
     }
-    ForEachToken(text, tokenSeparators, [this](const std::wstring& token) { ObjectSetAddElement(GetObjectID(token)); });
+    ForEachToken(text, tokenSeparators,
+                 [this](const std::wstring& token) { ObjectSetAddElement(GetObjectID(token)); });
 }
 
-void OxaReader::ReadMaterial(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadMaterial(CXMLSaxAttribut** attributes) {
     std::wstring id, name, unit;
     ReadIdNameUnit(attributes, id, name, unit);
     StartMaterial(id, name);
 }
 
-void OxaReader::ReadTexture(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadTexture(CXMLSaxAttribut** attributes) {
     if (!elementStack.empty() && (elementStack.back() == esT || elementStack.back() == esPl)) {
         std::vector<VCoords2D> coords;
         ReadTextureCoords(attributes, coords);
@@ -941,16 +1103,14 @@ void OxaReader::ReadTexture(CXMLSaxAttribut** attributes)
     TextureFile(Text(values[0]));
 }
 
-void OxaReader::ReadLine(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadLine(CXMLSaxAttribut** attributes) {
     static const wchar_t* const names[] = {L"p1", L"p2"};
     const wchar_t* values[2];
     FindValues(attributes, names, values);
     Line(Int(values[0], -1), Int(values[1], -1));
 }
 
-void OxaReader::ReadPolyline(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadPolyline(CXMLSaxAttribut** attributes) {
     std::vector<int> points;
     double thickness = 1.0;
     EPolylineType type = plNone;
@@ -958,15 +1118,13 @@ void OxaReader::ReadPolyline(CXMLSaxAttribut** attributes)
     StartPolyline(points, thickness, type);
 }
 
-void OxaReader::ReadGenericObject(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadGenericObject(CXMLSaxAttribut** attributes) {
     std::wstring id, name, unit;
     ReadIdNameUnit(attributes, id, name, unit);
     GenericObject(id, name);
 }
 
-void OxaReader::ReadColorElement(CXMLSaxAttribut** attributes, int state)
-{
+void OxaReader::ReadColorElement(CXMLSaxAttribut** attributes, int state) {
     int r = 0, g = 0, b = 0;
     double a = -1.0;
     ReadColor(attributes, r, g, b, a);
@@ -978,56 +1136,63 @@ void OxaReader::ReadColorElement(CXMLSaxAttribut** attributes, int state)
         ColorAmb(r, g, b, a);
 }
 
-void OxaReader::ReadTrans(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadTrans(CXMLSaxAttribut** attributes) {
     static const wchar_t* const names[] = {L"v"};
     const wchar_t* values[1];
     FindValues(attributes, names, values);
     ColorTrans(Double(values[0], 0.0));
 }
 
-void OxaReader::ReadOptOBB(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadOptOBB(CXMLSaxAttribut** attributes) {
     VCoords3D reference, x, y, z;
     ReadOptOBBAttributes(attributes, reference, x, y, z);
     OptOBB(reference, x, y, z);
 }
 
-void OxaReader::ReadOptOBBxy(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadOptOBBxy(CXMLSaxAttribut** attributes) {
     VCoords3D reference, x, y;
     double height = 0.0;
     ReadOptOBBxyAttributes(attributes, reference, x, y, height);
     OptOBBxy(reference, x, y, height);
 }
 
-void OxaReader::ReadObjectSection(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadObjectSection(CXMLSaxAttribut** attributes) {
     static const wchar_t* const names[] = {L"unit", L"version"};
     const wchar_t* values[2];
     FindValues(attributes, names, values);
     StartObjectSection(Text(values[0]), Text(values[1]));
 }
 
-void OxaReader::ReadVersionedSection(CXMLSaxAttribut** attributes, int state)
-{
+void OxaReader::ReadVersionedSection(CXMLSaxAttribut** attributes, int state) {
     static const wchar_t* const names[] = {L"version"};
     const wchar_t* values[1];
     FindValues(attributes, names, values);
     const std::wstring version = Text(values[0]);
     switch (state) {
-    case esObjectDataSection: StartObjectDataSection(version); break;
-    case esMaterialSection: StartMaterialSection(version); break;
-    case esPropertySection: StartPropertySection(version); break;
-    case esTopologySection: StartTopologySection(version); break;
-    case esFitSection: StartFitSection(version); break;
-    case esVisualisationSection: StartVisualisationSection(version); break;
-    default: break;
+    case esObjectDataSection:
+        StartObjectDataSection(version);
+        break;
+    case esMaterialSection:
+        StartMaterialSection(version);
+        break;
+    case esPropertySection:
+        StartPropertySection(version);
+        break;
+    case esTopologySection:
+        StartTopologySection(version);
+        break;
+    case esFitSection:
+        StartFitSection(version);
+        break;
+    case esVisualisationSection:
+        StartVisualisationSection(version);
+        break;
+    default:
+        break;
     }
 }
 
-void OxaReader::ReadContacts(CXMLSaxAttribut** attributes, int state)
-{
+void OxaReader::ReadContacts(CXMLSaxAttribut** attributes, int state) {
     static const wchar_t* const names[] = {L"eps", L"unit", L"sym"};
     const wchar_t* values[3];
     FindValues(attributes, names, values);
@@ -1039,21 +1204,19 @@ void OxaReader::ReadContacts(CXMLSaxAttribut** attributes, int state)
         StartIntersections(Double(values[0], 0.0), Text(values[1]), symmetric);
 }
 
-void OxaReader::ReadPair(CXMLSaxAttribut** attributes, int state)
-{
+void OxaReader::ReadPair(CXMLSaxAttribut** attributes, int state) {
     static const wchar_t* const names[] = {L"L", L"R"};
     const wchar_t* values[2];
     FindValues(attributes, names, values);
-    std::wstring left = GetObjectID(Text(values[0]));
-    std::wstring right = GetObjectID(Text(values[1]));
+    std::wstring left = MappedID(values[0]);
+    std::wstring right = MappedID(values[1]);
     if (state == esContact)
         Contact(left, right);
     else
         Intersection(left, right);
 }
 
-void OxaReader::ReadHRefs(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadHRefs(CXMLSaxAttribut** attributes) {
     static const wchar_t* const names[] = {L"unit"};
     const wchar_t* values[1];
     FindValues(attributes, names, values);
@@ -1062,8 +1225,7 @@ void OxaReader::ReadHRefs(CXMLSaxAttribut** attributes)
 
 /// The "ID" of a height reference is taken as it stands, without the identifier map: hosts
 /// match height references by the number the document uses.
-void OxaReader::ReadHRef(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadHRef(CXMLSaxAttribut** attributes) {
     static const wchar_t* const names[] = {L"ID", L"z"};
     const wchar_t* values[2];
     FindValues(attributes, names, values);
@@ -1071,85 +1233,76 @@ void OxaReader::ReadHRef(CXMLSaxAttribut** attributes)
 }
 
 /// Only the two height references go through the identifier map; "refID" stands as it is.
-void OxaReader::ReadHRefRel(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadHRefRel(CXMLSaxAttribut** attributes) {
     static const wchar_t* const names[] = {L"refID", L"hRefL", L"hRefU"};
     const wchar_t* values[3];
     FindValues(attributes, names, values);
-    HRefRel(Text(values[0]), values[1] ? GetObjectID(values[1]) : std::wstring(),
-            values[2] ? GetObjectID(values[2]) : std::wstring());
+    HRefRel(Text(values[0]), MappedID(values[1]), MappedID(values[2]));
 }
 
-void OxaReader::ReadItem(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadItem(CXMLSaxAttribut** attributes) {
     static const wchar_t* const names[] = {L"ID", L"key", L"matchKey", L"name", L"desc"};
     const wchar_t* values[5];
     FindValues(attributes, names, values);
-    StartItem(GetObjectID(Text(values[0])), Text(values[1]), Text(values[2]), Text(values[3]), Text(values[4]));
+    StartItem(MappedID(values[0]), Text(values[1]), Text(values[2]), Text(values[3]), Text(values[4]));
 }
 
-void OxaReader::ReadItemData(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadItemData(CXMLSaxAttribut** attributes) {
     static const wchar_t* const names[] = {L"refID", L"desc"};
     const wchar_t* values[2];
     FindValues(attributes, names, values);
-    StartItemData(GetObjectID(Text(values[0])), Text(values[1]));
+    StartItemData(MappedID(values[0]), Text(values[1]));
 }
 
-void OxaReader::ReadFormula(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadFormula(CXMLSaxAttribut** attributes) {
     static const wchar_t* const names[] = {L"orig", L"qto", L"text", L"var"};
     const wchar_t* values[4];
     FindValues(attributes, names, values);
     StartFormula(Bool(values[0], false), Bool(values[1], false), Text(values[2]), Text(values[3]));
 }
 
-void OxaReader::ReadResult(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadResult(CXMLSaxAttribut** attributes) {
     static const wchar_t* const names[] = {L"refID", L"datatype", L"value", L"quality", L"geometry"};
     const wchar_t* values[5];
     FindValues(attributes, names, values);
-    StartResult(GetObjectID(Text(values[0])), Text(values[1]),
-                Double(values[2], std::numeric_limits<double>::quiet_NaN()), Int(values[3], 0), Text(values[4]));
+    StartResult(MappedID(values[0]), Text(values[1]),
+                Double(values[2], std::numeric_limits<double>::quiet_NaN()), Int(values[3], 0),
+                Text(values[4]));
 }
 
-void OxaReader::ReadViewContainer(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadViewContainer(CXMLSaxAttribut** attributes) {
     std::wstring id, name, unit;
     ReadIdNameUnit(attributes, id, name, unit);
     StartViewContainer(id, name);
 }
 
-void OxaReader::ReadView(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadView(CXMLSaxAttribut** attributes) {
     std::wstring id, name, thumbnail;
     bool current = false;
     ReadViewAttributes(attributes, id, name, current, thumbnail);
     StartView(id, name, current, thumbnail);
 }
 
-void OxaReader::ReadCamera(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadCamera(CXMLSaxAttribut** attributes) {
     VCoords3D eye, lookAt, up, savedEye, savedLookAt;
     double nearPlane = 0, farPlane = 0, viewAngle = 0, aspectRatio = 0;
     double expOrthoWidth = 0, expOrthoHeight = 0, orthoWidth = 0, orthoHeight = 0;
     int projectionType = 0;
-    ReadCameraAttributes(attributes, eye, lookAt, up, nearPlane, farPlane, viewAngle, aspectRatio, projectionType,
-                         expOrthoWidth, expOrthoHeight, orthoWidth, orthoHeight, savedEye, savedLookAt);
+    ReadCameraAttributes(attributes, eye, lookAt, up, nearPlane, farPlane, viewAngle, aspectRatio,
+                         projectionType, expOrthoWidth, expOrthoHeight, orthoWidth, orthoHeight, savedEye,
+                         savedLookAt);
     ViewCamera(eye, lookAt, up, nearPlane, farPlane, viewAngle, aspectRatio, projectionType, expOrthoWidth,
                expOrthoHeight, orthoWidth, orthoHeight, savedEye, savedLookAt);
 }
 
-void OxaReader::ReadLight(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadLight(CXMLSaxAttribut** attributes) {
     static const wchar_t* const names[] = {L"nr", L"name", L"off"};
     const wchar_t* values[3];
     FindValues(attributes, names, values);
     StartLight(Int(values[0], 0), Text(values[1]), Bool(values[2], false));
 }
 
-void OxaReader::ReadLightPlacement(CXMLSaxAttribut** attributes, int state)
-{
+void OxaReader::ReadLightPlacement(CXMLSaxAttribut** attributes, int state) {
     static const wchar_t* const names[] = {L"pos", L"dir", L"cutoff"};
     const wchar_t* values[3];
     FindValues(attributes, names, values);
@@ -1164,16 +1317,14 @@ void OxaReader::ReadLightPlacement(CXMLSaxAttribut** attributes, int state)
         DirectionalLight(direction);
 }
 
-void OxaReader::ReadBackground(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadBackground(CXMLSaxAttribut** attributes) {
     int r = 0, g = 0, b = 0;
     double a = -1.0;
     ReadColor(attributes, r, g, b, a);
     ViewBackGround(r, g, b);
 }
 
-void OxaReader::ReadClippingPlane(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadClippingPlane(CXMLSaxAttribut** attributes) {
     double distance = 0.0;
     VCoords3D normal;
     bool off = false;
@@ -1181,8 +1332,7 @@ void OxaReader::ReadClippingPlane(CXMLSaxAttribut** attributes)
     ViewClippingPlane(distance, normal, off);
 }
 
-void OxaReader::ReadUnitSection(CXMLSaxAttribut** attributes)
-{
+void OxaReader::ReadUnitSection(CXMLSaxAttribut** attributes) {
     static const wchar_t* const names[] = {L"version", L"defaultUnitLength", L"defaultUnitWeight",
                                            L"defaultUnitTime"};
     const wchar_t* values[4];
@@ -1190,9 +1340,8 @@ void OxaReader::ReadUnitSection(CXMLSaxAttribut** attributes)
     StartUnitSection(Text(values[0]), Text(values[1]), Text(values[2]), Text(values[3]));
 }
 
-void OxaReader::ReadUnit(CXMLSaxAttribut** attributes)
-{
-    static const wchar_t* const names[] = {L"dim",     L"roundMode",      L"digits",     L"digitsMode",
+void OxaReader::ReadUnit(CXMLSaxAttribut** attributes) {
+    static const wchar_t* const names[] = {L"dim",      L"roundMode",      L"digits",     L"digitsMode",
                                            L"baseUnit", L"linearBaseUnit", L"convFactor", L"desc"};
     const wchar_t* values[8];
     FindValues(attributes, names, values);

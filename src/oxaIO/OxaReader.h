@@ -51,9 +51,9 @@ public:
     static void TokeniseDoubles(const wstring& text, std::vector<double>& values);
 
     // Document
-    virtual void StartOxaDocument(wstring projectId, wstring sourceApp, wstring sourceFileName, wstring sourceFormat,
-                                  wstring created, wstring createdBy, wstring changedBy, wstring changed,
-                                  wstring version) = 0;
+    virtual void StartOxaDocument(wstring projectId, wstring sourceApp, wstring sourceFileName,
+                                  wstring sourceFormat, wstring created, wstring createdBy, wstring changedBy,
+                                  wstring changed, wstring version) = 0;
     virtual void EndOxaDocument() = 0;
     virtual void StartContent() = 0;
     virtual void Section(ESectionType type) = 0;
@@ -83,9 +83,11 @@ public:
     virtual void StartRootContainer(wstring id, wstring name, std::vector<double>& rotation,
                                     std::vector<double>& translation) = 0;
     virtual void EndRootContainer() = 0;
-    virtual void StartObject2D(wstring id, wstring materialId, wstring name, bool negative, wstring refId) = 0;
+    virtual void StartObject2D(wstring id, wstring materialId, wstring name, bool negative,
+                               wstring refId) = 0;
     virtual void EndObject2D() = 0;
-    virtual void StartObject3D(wstring id, wstring materialId, wstring name, bool negative, wstring refId) = 0;
+    virtual void StartObject3D(wstring id, wstring materialId, wstring name, bool negative,
+                               wstring refId) = 0;
     virtual void EndObject3D() = 0;
 
     // Geometry
@@ -96,8 +98,10 @@ public:
     virtual void StartTriangle(int p1, int p2, int p3) = 0;
     virtual void EndTriangle() = 0;
     virtual void TextureCoords(const std::vector<VCoords2D>& coords) = 0;
-    virtual void OptOBB(const VCoords3D& reference, const VCoords3D& x, const VCoords3D& y, const VCoords3D& z) = 0;
-    virtual void OptOBBxy(const VCoords3D& reference, const VCoords3D& x, const VCoords3D& y, double height) = 0;
+    virtual void OptOBB(const VCoords3D& reference, const VCoords3D& x, const VCoords3D& y,
+                        const VCoords3D& z) = 0;
+    virtual void OptOBBxy(const VCoords3D& reference, const VCoords3D& x, const VCoords3D& y,
+                          double height) = 0;
     virtual void StartPolyline(const std::vector<int>& points, double thickness, EPolylineType type) = 0;
     virtual void EndPolyline() = 0;
     virtual void StartTessellation() = 0;
@@ -135,10 +139,10 @@ public:
     virtual void ReadThumbnailData(unsigned char*& data, unsigned int& size) = 0;
     /// `projectionType` is 1 for "orthographic", 0 otherwise; the ortho sizes and saved points
     /// are 0 where the document leaves them out.
-    virtual void ViewCamera(VCoords3D& eye, VCoords3D& lookAt, VCoords3D& up, double nearPlane, double farPlane,
-                            double viewAngle, double aspectRatio, int projectionType, double expOrthoWidth,
-                            double expOrthoHeight, double orthoWidth, double orthoHeight, VCoords3D& savedEye,
-                            VCoords3D& savedLookAt) = 0;
+    virtual void ViewCamera(VCoords3D& eye, VCoords3D& lookAt, VCoords3D& up, double nearPlane,
+                            double farPlane, double viewAngle, double aspectRatio, int projectionType,
+                            double expOrthoWidth, double expOrthoHeight, double orthoWidth,
+                            double orthoHeight, VCoords3D& savedEye, VCoords3D& savedLookAt) = 0;
     virtual void StartLight(int number, wstring name, bool off) = 0;
     virtual void SpotLight(const VCoords3D& position, const VCoords3D& direction, double cutoff) = 0;
     virtual void PositionalLight(const VCoords3D& position) = 0;
@@ -170,7 +174,8 @@ public:
     virtual void StartFormula(bool original, bool quantity, wstring text, wstring variable) = 0;
     virtual void EndFormula() = 0;
     /// `value` is NaN when the document gives none.
-    virtual void StartResult(wstring refId, wstring datatype, double value, int quality, wstring geometry) = 0;
+    virtual void StartResult(wstring refId, wstring datatype, double value, int quality,
+                             wstring geometry) = 0;
     virtual void ReadResultDetail(wstring text) = 0;
     virtual void EndResult() = 0;
 
@@ -178,8 +183,8 @@ public:
     virtual void StartUnitSection(wstring version, wstring defaultUnitLength, wstring defaultUnitWeight,
                                   wstring defaultUnitTime) = 0;
     virtual void Unit(unsigned int dimension, ERoundMode roundMode, Nullable<unsigned int> digits,
-                      EDigitsMode digitsMode, wstring baseUnit, wstring linearBaseUnit, Nullable<double> convFactor,
-                      wstring description) = 0;
+                      EDigitsMode digitsMode, wstring baseUnit, wstring linearBaseUnit,
+                      Nullable<double> convFactor, wstring description) = 0;
     virtual void ReadUnitName(wstring name) = 0;
     virtual void EndUnitSection() = 0;
 
@@ -217,8 +222,8 @@ public:
     virtual void EndLevelDef() = 0;
     virtual void StartMsgGrp(wstring id, wstring description) = 0;
     virtual void EndMsgGrp() = 0;
-    virtual void StartMsgInfo(EMsgTypes type, wstring module, int year, int month, int day, int hour, int minute,
-                              int second, wstring levelRefId) = 0;
+    virtual void StartMsgInfo(EMsgTypes type, wstring module, int year, int month, int day, int hour,
+                              int minute, int second, wstring levelRefId) = 0;
     virtual void MsgTxt(wstring text) = 0;
     virtual void MsgSet(wstring refId) = 0;
     virtual void EndMsgInfo() = 0;
@@ -243,25 +248,26 @@ public:
     virtual void ReadObjectBaseAttributes(CXMLSaxAttribut** attributes, wstring& id, wstring& materialId,
                                           wstring& name, bool& negative, wstring& refId);
     /// A bad number gives 0.
-    virtual void ReadPointAttributes(CXMLSaxAttribut** attributes, int& number, double& x, double& y, double& z);
+    virtual void ReadPointAttributes(CXMLSaxAttribut** attributes, int& number, double& x, double& y,
+                                     double& z);
     /// A missing or bad vertex number gives -1, which names no point.
     virtual void ReadTriangleAttributes(CXMLSaxAttribut** attributes, int& p1, int& p2, int& p3);
-    virtual void ReadPolylineAttributes(CXMLSaxAttribut** attributes, std::vector<int>& points, double& thickness,
-                                        EPolylineType& type);
-    virtual void ReadOptOBBAttributes(CXMLSaxAttribut** attributes, VCoords3D& reference, VCoords3D& x, VCoords3D& y,
-                                      VCoords3D& z);
+    virtual void ReadPolylineAttributes(CXMLSaxAttribut** attributes, std::vector<int>& points,
+                                        double& thickness, EPolylineType& type);
+    virtual void ReadOptOBBAttributes(CXMLSaxAttribut** attributes, VCoords3D& reference, VCoords3D& x,
+                                      VCoords3D& y, VCoords3D& z);
     virtual void ReadOptOBBxyAttributes(CXMLSaxAttribut** attributes, VCoords3D& reference, VCoords3D& x,
                                         VCoords3D& y, double& height);
     virtual void ReadTextureCoords(CXMLSaxAttribut** attributes, std::vector<VCoords2D>& coords);
     virtual void ReadViewAttributes(CXMLSaxAttribut** attributes, wstring& id, wstring& name, bool& current,
                                     wstring& thumbnail);
-    virtual void ReadClippingPlaneAttributes(CXMLSaxAttribut** attributes, double& distance, VCoords3D& normal,
-                                             bool& off);
-    virtual void ReadCameraAttributes(CXMLSaxAttribut** attributes, VCoords3D& eye, VCoords3D& lookAt, VCoords3D& up,
-                                      double& nearPlane, double& farPlane, double& viewAngle, double& aspectRatio,
-                                      int& projectionType, double& expOrthoWidth, double& expOrthoHeight,
-                                      double& orthoWidth, double& orthoHeight, VCoords3D& savedEye,
-                                      VCoords3D& savedLookAt);
+    virtual void ReadClippingPlaneAttributes(CXMLSaxAttribut** attributes, double& distance,
+                                             VCoords3D& normal, bool& off);
+    virtual void ReadCameraAttributes(CXMLSaxAttribut** attributes, VCoords3D& eye, VCoords3D& lookAt,
+                                      VCoords3D& up, double& nearPlane, double& farPlane, double& viewAngle,
+                                      double& aspectRatio, int& projectionType, double& expOrthoWidth,
+                                      double& expOrthoHeight, double& orthoWidth, double& orthoHeight,
+                                      VCoords3D& savedEye, VCoords3D& savedLookAt);
     virtual void ReadActivitySection(CXMLSaxAttribut** attributes);
     virtual void ReadSchedule(CXMLSaxAttribut** attributes);
     virtual void ReadActivity(CXMLSaxAttribut** attributes);
@@ -276,8 +282,6 @@ public:
 protected:
     OxaReader();
 
-    /// The open elements, innermost last.
-    const std::deque<int>& ElementStack() const { return elementStack; }
     const std::map<wstring, wstring>& IdentifierMap() const { return identifierMap; }
 
 private:
@@ -286,6 +290,7 @@ private:
     bool ParentAllowed(const ElementRule& rule) const;
     void StartKnownElement(const ElementRule& rule, CXMLSaxAttribut** attributes);
 
+    std::wstring MappedID(const wchar_t* value);
     void ReadObjects(CXMLSaxAttribut** attributes);
     void ReadContent(CXMLSaxAttribut** attributes);
     void ReadContentSection(CXMLSaxAttribut** attributes);

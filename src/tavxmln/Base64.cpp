@@ -6,8 +6,7 @@ namespace {
 
 const char alphabet[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
 
-int SextetOf(wchar_t c)
-{
+int SextetOf(wchar_t c) {
     if (c >= L'A' && c <= L'Z')
         return c - L'A';
     if (c >= L'a' && c <= L'z')
@@ -21,15 +20,13 @@ int SextetOf(wchar_t c)
     return -1;
 }
 
-bool IsSpace(wchar_t c)
-{
+bool IsSpace(wchar_t c) {
     return c == L' ' || c == L'\t' || c == L'\r' || c == L'\n';
 }
 
 } // namespace
 
-std::wstring EncodeBase64(const unsigned char* data, std::size_t size)
-{
+std::wstring EncodeBase64(const unsigned char* data, std::size_t size) {
     std::wstring text;
     text.reserve((size + 2) / 3 * 4);
     for (std::size_t i = 0; i < size; i += 3) {
@@ -44,8 +41,7 @@ std::wstring EncodeBase64(const unsigned char* data, std::size_t size)
     return text;
 }
 
-bool DecodeBase64(const wchar_t* text, std::vector<unsigned char>& bytes)
-{
+bool DecodeBase64(const wchar_t* text, std::vector<unsigned char>& bytes) {
     bytes.clear();
     if (!text)
         return true;

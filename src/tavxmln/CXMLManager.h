@@ -20,10 +20,11 @@ public:
     static CXMLManager* GetInstance();
 
     /// Parses the file, read in chunks: memory use does not grow with the file.
-    void LoadDocument(const wchar_t* fileName, CXMLSaxHandler* handler, bool, bool, const wchar_t*, bool, bool);
+    void LoadDocument(const wchar_t* fileName, CXMLSaxHandler* handler, bool, bool, const wchar_t*, bool,
+                      bool);
     /// Parses a buffer in memory; without an encoding declaration it is read as UTF-8.
-    void LoadDocument(unsigned char* data, unsigned int size, CXMLSaxHandler* handler, bool, bool, const wchar_t*,
-                      bool, bool);
+    void LoadDocument(unsigned char* data, unsigned int size, CXMLSaxHandler* handler, bool, bool,
+                      const wchar_t*, bool, bool);
 
 private:
     CXMLManager() = default;

@@ -9,7 +9,8 @@ namespace tavxmln {
 /// buffers and are valid only during the call.
 class ZENTRA_EXPORT CXMLSaxAttribut {
 public:
-    CXMLSaxAttribut(const wchar_t* name = nullptr, const wchar_t* value = nullptr) : name(name), value(value) {}
+    CXMLSaxAttribut(const wchar_t* name = nullptr, const wchar_t* value = nullptr)
+        : name(name), value(value) {}
 
     const wchar_t* Name() const { return name; }
     const wchar_t* Value() const { return value; }

@@ -19,13 +19,11 @@ void CXMLSaxHandler::StartDTD(const wchar_t*, const wchar_t*, const wchar_t*) {}
 void CXMLSaxHandler::StartNamespace(const wchar_t*, const wchar_t*) {}
 void CXMLSaxHandler::EndNamespace(const wchar_t*) {}
 
-std::uint64_t CXMLSaxHandler::GetSourceOffset()
-{
+std::uint64_t CXMLSaxHandler::GetSourceOffset() {
     return driver ? driver->SourceOffset() : 0;
 }
 
-bool CXMLSaxHandler::GetData(const wchar_t* text, unsigned char*& data, unsigned long& size)
-{
+bool CXMLSaxHandler::GetData(const wchar_t* text, unsigned char*& data, unsigned long& size) {
     data = nullptr;
     size = 0;
     std::vector<unsigned char> bytes;

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <exception>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -45,12 +46,36 @@ private:
     static void OnStartDoctype(void* self, const char* name, const char* systemId, const char* publicId,
                                int hasInternalSubset);
 
+    /// Growable wide text storage that, unlike a vector, does not clear what it is about to
+    /// overwrite: conversion writes every character anyway.
+    class WideBuffer {
+    public:
+        wchar_t* Data() const { return storage.get(); }
+        std::size_t Size() const { return used; }
+        bool Empty() const { return used == 0; }
+        void Clear() { used = 0; }
+        /// Room for `count` more characters; gives where they go.
+        wchar_t* Extend(std::size_t count) {
+            return used + count <= capacity ? storage.get() + used : Grow(count);
+        }
+        void Resize(std::size_t size) { used = size; }
+
+    private:
+        wchar_t* Grow(std::size_t count);
+
+        std::unique_ptr<wchar_t[]> storage;
+        std::size_t used = 0;
+        std::size_t capacity = 0;
+    };
+
     template <typename Event> void Deliver(Event&& event);
     void FlushText();
     bool Finish(int status, bool last);
     [[noreturn]] void ThrowParseError();
-    /// Appends the wide form of UTF-8 `text` to the arena, null-ended; gives its start index.
-    std::size_t Widen(const char* text, std::size_t length);
+    /// Appends the wide form of UTF-8 `text` to `target`, null-ended when `terminate`; gives
+    /// its start index.
+    static std::size_t Widen(WideBuffer& target, const char* text, std::size_t length, bool terminate);
+    /// The same for the arena, with the null.
     std::size_t Widen(const char* text);
 
     XML_ParserStruct* parser;
@@ -59,8 +84,8 @@ private:
     bool documentStarted = false;
     bool stopped = false;
     std::exception_ptr handlerFailure;
-    std::string pendingText;          ///< UTF-8 text since the last markup
-    std::vector<wchar_t> arena;       ///< wide names, values and text of the current event
+    WideBuffer pendingText;           ///< wide text since the last markup, without the null
+    WideBuffer arena;                 ///< wide names and values of the current event
     std::vector<std::size_t> offsets; ///< arena positions of the attribute names and values
     std::vector<CXMLSaxAttribut> attributes;
     std::vector<CXMLSaxAttribut*> attributePointers;

@@ -1,59 +1,42 @@
 #include "tavxmln/XMLConvert.h"
 
 #include <charconv>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <cwchar>
-#include <string>
 #include <limits>
+#include <string>
 
 namespace tavxmln {
 
 namespace {
 
-bool IsBlank(wchar_t c)
-{
+bool IsBlank(wchar_t c) {
     return c == L' ' || c == L'\t' || c == L'\r' || c == L'\n';
 }
 
-/// Copies the trimmed text into `out` as ASCII; false for non-ASCII or over-long text.
-template <std::size_t N> bool Narrow(const wchar_t* text, char (&out)[N], std::size_t& length)
-{
+/// Copies the trimmed text into `out` as ASCII in one pass; false for non-ASCII, empty or
+/// over-long text.
+template <std::size_t N> bool Narrow(const wchar_t* text, char (&out)[N], std::size_t& length) {
     if (!text)
         return false;
     while (IsBlank(*text))
         ++text;
-    const wchar_t* end = text + std::wcslen(text);
-    while (end > text && IsBlank(end[-1]))
-        --end;
-    length = std::size_t(end - text);
-    if (length == 0 || length >= N)
-        return false;
-    for (std::size_t i = 0; i < length; ++i) {
-        if (text[i] <= 0 || text[i] > 0x7F)
+    length = 0;
+    for (; *text; ++text) {
+        if (*text <= 0 || *text > 0x7F || length + 1 >= N)
             return false;
-        out[i] = char(text[i]);
+        out[length++] = char(*text);
     }
+    while (length > 0 && IsBlank(wchar_t(out[length - 1])))
+        --length;
     out[length] = '\0';
-    return true;
-}
-
-bool ParseLong(const char* begin, const char* end, long& value)
-{
-    if (begin < end && *begin == '+')
-        ++begin;
-    long long parsed = 0;
-    const auto result = std::from_chars(begin, end, parsed);
-    if (result.ec != std::errc() || result.ptr != end || parsed < std::numeric_limits<int>::min() ||
-        parsed > std::numeric_limits<int>::max())
-        return false;
-    value = long(parsed);
-    return true;
+    return length > 0;
 }
 
 /// Reads `count` unsigned fields of at least `width` digits separated by `separator`.
-bool ParseFields(const char* text, std::size_t length, char separator, int* fields[], int count)
-{
+bool ParseFields(const char* text, std::size_t length, char separator, int* fields[], int count) {
     const char* p = text;
     const char* end = text + length;
     for (int i = 0; i < count; ++i) {
@@ -76,13 +59,11 @@ bool ParseFields(const char* text, std::size_t length, char separator, int* fiel
     return p == end;
 }
 
-bool InRange(int value, int low, int high)
-{
+bool InRange(int value, int low, int high) {
     return value >= low && value <= high;
 }
 
-const wchar_t* Widen(const char* text, wchar_t* out)
-{
+const wchar_t* Widen(const char* text, wchar_t* out) {
     std::size_t i = 0;
     for (; text[i]; ++i)
         out[i] = wchar_t(text[i]);
@@ -92,15 +73,66 @@ const wchar_t* Widen(const char* text, wchar_t* out)
 
 } // namespace
 
-bool XMLConvertText2Long(const wchar_t* text, long& value)
-{
-    char buffer[32];
-    std::size_t length = 0;
-    return Narrow(text, buffer, length) && ParseLong(buffer, buffer + length, value);
+bool XMLConvertText2Long(const wchar_t* text, long& value) {
+    // Read straight from the wide text: integers are the most frequent value of a document.
+    if (!text)
+        return false;
+    while (IsBlank(*text))
+        ++text;
+    const bool negative = *text == L'-';
+    if (*text == L'-' || *text == L'+')
+        ++text;
+    long long magnitude = 0;
+    const wchar_t* digits = text;
+    for (; *text >= L'0' && *text <= L'9'; ++text) {
+        magnitude = magnitude * 10 + (*text - L'0');
+        if (magnitude > 2147483648LL)
+            return false;
+    }
+    if (text == digits)
+        return false;
+    while (IsBlank(*text))
+        ++text;
+    const long long signedValue = negative ? -magnitude : magnitude;
+    if (*text || signedValue > std::numeric_limits<int>::max())
+        return false;
+    value = long(signedValue);
+    return true;
 }
 
-bool XMLConvertText2Double(const wchar_t* text, double& value)
-{
+namespace {
+
+/// Plain decimals whose digits form an integer of at most 2^53, the common case in a document,
+/// read directly: mantissa and power of ten are then both exact doubles, so one division gives
+/// the correctly rounded value. Anything else is left to the general reader (false).
+bool ReadPlainDecimal(const wchar_t* text, double& value) {
+    static const double powers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
+                                    1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+    const bool negative = *text == L'-';
+    if (negative)
+        ++text;
+    std::uint64_t mantissa = 0;
+    int digits = 0;
+    int fractionDigits = 0;
+    for (; *text >= L'0' && *text <= L'9'; ++text, ++digits)
+        mantissa = mantissa * 10 + std::uint64_t(*text - L'0');
+    if (*text == L'.') {
+        ++text;
+        for (; *text >= L'0' && *text <= L'9'; ++text, ++digits, ++fractionDigits)
+            mantissa = mantissa * 10 + std::uint64_t(*text - L'0');
+    }
+    if (*text != L'\0' || digits == 0 || digits > 19 || mantissa > (std::uint64_t(1) << 53))
+        return false;
+    const double magnitude = double(mantissa) / powers[fractionDigits];
+    value = negative ? -magnitude : magnitude;
+    return true;
+}
+
+} // namespace
+
+bool XMLConvertText2Double(const wchar_t* text, double& value) {
+    if (text && ReadPlainDecimal(text, value))
+        return true;
     char buffer[128];
     std::size_t length = 0;
     if (!Narrow(text, buffer, length))
@@ -112,8 +144,7 @@ bool XMLConvertText2Double(const wchar_t* text, double& value)
     return result.ec == std::errc() && result.ptr == buffer + length;
 }
 
-bool XMLConvertText2Bool(const wchar_t* text, bool& value)
-{
+bool XMLConvertText2Bool(const wchar_t* text, bool& value) {
     char buffer[8];
     std::size_t length = 0;
     if (!Narrow(text, buffer, length))
@@ -127,8 +158,7 @@ bool XMLConvertText2Bool(const wchar_t* text, bool& value)
     return true;
 }
 
-bool XMLConvertText2Date(const wchar_t* text, int& year, int& month, int& day)
-{
+bool XMLConvertText2Date(const wchar_t* text, int& year, int& month, int& day) {
     char buffer[32];
     std::size_t length = 0;
     int y = 0, m = 0, d = 0;
@@ -142,8 +172,7 @@ bool XMLConvertText2Date(const wchar_t* text, int& year, int& month, int& day)
     return true;
 }
 
-bool XMLConvertText2Time(const wchar_t* text, int& hour, int& minute, int& second)
-{
+bool XMLConvertText2Time(const wchar_t* text, int& hour, int& minute, int& second) {
     char buffer[32];
     std::size_t length = 0;
     int h = 0, m = 0, s = 0;
@@ -158,8 +187,7 @@ bool XMLConvertText2Time(const wchar_t* text, int& hour, int& minute, int& secon
 }
 
 bool XMLConvertText2DateTime(const wchar_t* text, int& year, int& month, int& day, int& hour, int& minute,
-                             int& second)
-{
+                             int& second) {
     if (!text)
         return false;
     const wchar_t* separator = std::wcschr(text, L'T');
@@ -181,16 +209,14 @@ bool XMLConvertText2DateTime(const wchar_t* text, int& year, int& month, int& da
     return true;
 }
 
-const wchar_t* XMLConvertLong2Text(long value)
-{
+const wchar_t* XMLConvertLong2Text(long value) {
     thread_local wchar_t text[32];
     char buffer[32];
     *std::to_chars(buffer, buffer + sizeof buffer - 1, value).ptr = '\0';
     return Widen(buffer, text);
 }
 
-const wchar_t* XMLConvertDouble2Text(const double& value)
-{
+const wchar_t* XMLConvertDouble2Text(const double& value) {
     thread_local wchar_t text[64];
     char buffer[64];
     if (value != value)
@@ -203,31 +229,28 @@ const wchar_t* XMLConvertDouble2Text(const double& value)
     return Widen(buffer, text);
 }
 
-const wchar_t* XMLConvertBool2Text(bool value, bool numeric)
-{
+const wchar_t* XMLConvertBool2Text(bool value, bool numeric) {
     if (numeric)
         return value ? L"1" : L"0";
     return value ? L"true" : L"false";
 }
 
-const wchar_t* XMLConvertDateTime2Text(int year, int month, int day, int hour, int minute, int second)
-{
+const wchar_t* XMLConvertDateTime2Text(int year, int month, int day, int hour, int minute, int second) {
     thread_local wchar_t text[64];
     char buffer[64];
-    std::snprintf(buffer, sizeof buffer, "%04d-%02d-%02dT%02d:%02d:%02d", year, month, day, hour, minute, second);
+    std::snprintf(buffer, sizeof buffer, "%04d-%02d-%02dT%02d:%02d:%02d", year, month, day, hour, minute,
+                  second);
     return Widen(buffer, text);
 }
 
-const wchar_t* XMLConvertDate2Text(int year, int month, int day)
-{
+const wchar_t* XMLConvertDate2Text(int year, int month, int day) {
     thread_local wchar_t text[32];
     char buffer[32];
     std::snprintf(buffer, sizeof buffer, "%04d-%02d-%02d", year, month, day);
     return Widen(buffer, text);
 }
 
-const wchar_t* XMLConvertTime2Text(int hour, int minute, int second)
-{
+const wchar_t* XMLConvertTime2Text(int hour, int minute, int second) {
     thread_local wchar_t text[32];
     char buffer[32];
     std::snprintf(buffer, sizeof buffer, "%02d:%02d:%02d", hour, minute, second);

@@ -29,7 +29,8 @@ ZENTRA_EXPORT const wchar_t* XMLConvertDouble2Text(const double& value);
 /// "true"/"false", or "1"/"0" when `numeric` is set.
 ZENTRA_EXPORT const wchar_t* XMLConvertBool2Text(bool value, bool numeric);
 /// "YYYY-MM-DDTHH:MM:SS" with zero-padded fields, so that the texts sort chronologically.
-ZENTRA_EXPORT const wchar_t* XMLConvertDateTime2Text(int year, int month, int day, int hour, int minute, int second);
+ZENTRA_EXPORT const wchar_t* XMLConvertDateTime2Text(int year, int month, int day, int hour, int minute,
+                                                     int second);
 ZENTRA_EXPORT const wchar_t* XMLConvertDate2Text(int year, int month, int day);
 ZENTRA_EXPORT const wchar_t* XMLConvertTime2Text(int hour, int minute, int second);
 

@@ -15,6 +15,7 @@ class tst_XMLConvert : public QObject {
 
 private slots:
     void doublesReadBackBitExact();
+    void decimalTextsReadCorrectlyRounded();
     void doubleTexts_data();
     void doubleTexts();
     void independentOfTheLocale();
@@ -28,11 +29,18 @@ private slots:
     void base64RoundTrip();
 };
 
-void tst_XMLConvert::doublesReadBackBitExact()
-{
+void tst_XMLConvert::doublesReadBackBitExact() {
     std::mt19937_64 random(42);
-    std::vector<double> values = {0.0, -0.0, 0.1, 1.0 / 3.0, 4512345.5, 5412345.25, 1e-300, 4.9e-324,
-                                  std::numeric_limits<double>::max(), std::numeric_limits<double>::min()};
+    std::vector<double> values = {0.0,
+                                  -0.0,
+                                  0.1,
+                                  1.0 / 3.0,
+                                  4512345.5,
+                                  5412345.25,
+                                  1e-300,
+                                  4.9e-324,
+                                  std::numeric_limits<double>::max(),
+                                  std::numeric_limits<double>::min()};
     for (int i = 0; i < 20000; ++i) {
         std::uint64_t bits = random();
         double value = 0.0;
@@ -48,8 +56,31 @@ void tst_XMLConvert::doublesReadBackBitExact()
     }
 }
 
-void tst_XMLConvert::doubleTexts_data()
-{
+void tst_XMLConvert::decimalTextsReadCorrectlyRounded() {
+    // Plain decimals as a document holds them (site coordinates, short fractions) against the
+    // C library's reader in the C locale, which rounds correctly.
+    std::mt19937_64 random(7);
+    for (int i = 0; i < 200000; ++i) {
+        const int digits = 1 + int(random() % 19);
+        std::string text;
+        if (random() % 2)
+            text += '-';
+        for (int d = 0; d < digits; ++d)
+            text += char('0' + random() % 10);
+        const int point = int(random() % std::uint64_t(digits + 1));
+        if (point < digits)
+            text.insert(text.size() - std::size_t(point), 1, '.');
+        if (text.back() == '.' || text.front() == '.' || (text.size() > 1 && text.rfind("-.", 0) == 0))
+            text.insert(text.find_first_of("0123456789."), "0");
+        const double expected = std::strtod(text.c_str(), nullptr);
+        double read = 1.0;
+        const std::wstring wide(text.begin(), text.end());
+        QVERIFY2(XMLConvertText2Double(wide.c_str(), read), text.c_str());
+        QVERIFY2(std::memcmp(&read, &expected, sizeof read) == 0, text.c_str());
+    }
+}
+
+void tst_XMLConvert::doubleTexts_data() {
     QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("ok");
     QTest::addColumn<double>("value");
@@ -64,8 +95,7 @@ void tst_XMLConvert::doubleTexts_data()
     QTest::newRow("non-ascii digit") << QString::fromUtf8("１") << false << 0.0;
 }
 
-void tst_XMLConvert::doubleTexts()
-{
+void tst_XMLConvert::doubleTexts() {
     QFETCH(QString, text);
     QFETCH(bool, ok);
     QFETCH(double, value);
@@ -76,8 +106,7 @@ void tst_XMLConvert::doubleTexts()
     QCOMPARE(QString::fromWCharArray(XMLConvertDouble2Text(0.1)), QString("0.1"));
 }
 
-void tst_XMLConvert::independentOfTheLocale()
-{
+void tst_XMLConvert::independentOfTheLocale() {
     const char* names[] = {"de_DE.UTF-8", "de_DE.utf8", "fr_FR.UTF-8", "fr_FR.utf8"};
     const char* set = nullptr;
     for (const char* name : names)
@@ -94,8 +123,7 @@ void tst_XMLConvert::independentOfTheLocale()
     QCOMPARE(read, 1234.5);
 }
 
-void tst_XMLConvert::longs_data()
-{
+void tst_XMLConvert::longs_data() {
     QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("ok");
     QTest::addColumn<int>("value");
@@ -108,8 +136,7 @@ void tst_XMLConvert::longs_data()
     QTest::newRow("hex") << "0x10" << false << 0;
 }
 
-void tst_XMLConvert::longs()
-{
+void tst_XMLConvert::longs() {
     QFETCH(QString, text);
     QFETCH(bool, ok);
     QFETCH(int, value);
@@ -121,8 +148,7 @@ void tst_XMLConvert::longs()
     }
 }
 
-void tst_XMLConvert::bools_data()
-{
+void tst_XMLConvert::bools_data() {
     QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("ok");
     QTest::addColumn<bool>("value");
@@ -134,8 +160,7 @@ void tst_XMLConvert::bools_data()
     QTest::newRow("yes") << "yes" << false << false;
 }
 
-void tst_XMLConvert::bools()
-{
+void tst_XMLConvert::bools() {
     QFETCH(QString, text);
     QFETCH(bool, ok);
     QFETCH(bool, value);
@@ -147,8 +172,7 @@ void tst_XMLConvert::bools()
     QCOMPARE(QString::fromWCharArray(XMLConvertBool2Text(false, false)), QString("false"));
 }
 
-void tst_XMLConvert::dateTimes_data()
-{
+void tst_XMLConvert::dateTimes_data() {
     QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("ok");
     QTest::addColumn<QList<int>>("fields");
@@ -159,8 +183,7 @@ void tst_XMLConvert::dateTimes_data()
     QTest::newRow("garbage") << "yesterday" << false << QList<int>{};
 }
 
-void tst_XMLConvert::dateTimes()
-{
+void tst_XMLConvert::dateTimes() {
     QFETCH(QString, text);
     QFETCH(bool, ok);
     QFETCH(QList<int>, fields);
@@ -185,8 +208,7 @@ void tst_XMLConvert::dateTimes()
     QCOMPARE((QList<int>{y, m, d, h, mi, s}), fields);
 }
 
-void tst_XMLConvert::dateTimeTextsSortChronologically()
-{
+void tst_XMLConvert::dateTimeTextsSortChronologically() {
     const QStringList texts = {QString::fromWCharArray(XMLConvertDateTime2Text(999, 12, 31, 23, 59, 59)),
                                QString::fromWCharArray(XMLConvertDateTime2Text(2024, 1, 2, 3, 4, 5)),
                                QString::fromWCharArray(XMLConvertDateTime2Text(2024, 1, 2, 10, 0, 0)),
@@ -196,8 +218,7 @@ void tst_XMLConvert::dateTimeTextsSortChronologically()
     QCOMPARE(sorted, texts);
 }
 
-void tst_XMLConvert::base64RoundTrip()
-{
+void tst_XMLConvert::base64RoundTrip() {
     for (int length = 0; length < 40; ++length) {
         std::vector<unsigned char> bytes(static_cast<std::size_t>(length));
         for (int i = 0; i < length; ++i)
