@@ -16,7 +16,19 @@
 
 #include <QFile>
 
+#include <ctime>
+
 namespace {
+
+/// Processor time of the process for `work`, in seconds: the machine is shared, and wall time
+/// would measure the neighbours as well.
+double cpu_seconds(const std::function<void()>& work) {
+    timespec start{}, end{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &start);
+    work();
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &end);
+    return double(end.tv_sec - start.tv_sec) + double(end.tv_nsec - start.tv_nsec) * 1e-9;
+}
 
 /// A figure of /proc/self/status in bytes ("VmHWM" the peak, "VmRSS" the present resident
 /// size); 0 where the file does not exist.
@@ -62,7 +74,7 @@ int main(int argc, char** argv) {
     auto* reader = new oxa::OxaXmlReader(&system);
     QString error;
     bool ok = false;
-    const double build = bench::best_seconds(1, [&] { ok = reader->ReadOxaXmlFile(path, &error); });
+    const double build = cpu_seconds([&] { ok = reader->ReadOxaXmlFile(path, &error); });
     const double peak = status_bytes("VmHWM:");
     if (!ok) {
         std::printf("model read failed: %s\n", qPrintable(error));
@@ -79,10 +91,10 @@ int main(int argc, char** argv) {
 
     double bare = 1e300;
     for (int round = 0; round < 3; ++round)
-        bare = std::min(bare, bench::best_seconds(1, [&] { bench::bare_expat_parse(path); }));
+        bare = std::min(bare, cpu_seconds([&] { bench::bare_expat_parse(path); }));
 
     std::printf("document: %.1f MB, %lld triangles\n", fileBytes / (1024.0 * 1024.0), triangles);
-    std::printf("model build: %.2f s, %.0f triangles/s\n", build, triangles / build);
+    std::printf("model build: %.2f s processor time, %.0f triangles/s\n", build, triangles / build);
     std::printf("peak memory: %.0f MB (%.0f MB at start), %.2f times the file\n", peak / (1024.0 * 1024.0),
                 startRss / (1024.0 * 1024.0), peak / fileBytes);
     std::printf("model build: %.2f s; bare expat parse: %.3f s; ratio %.2f\n", build, bare, build / bare);

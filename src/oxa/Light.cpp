@@ -4,8 +4,8 @@
 
 namespace oxa {
 
-Light::Light(int number, const std::wstring& name, const oxaIO::VColor4& diffuse, const oxaIO::VColor4& specular,
-             const oxaIO::VColor4& ambient, bool off)
+Light::Light(int number, const std::wstring& name, const oxaIO::VColor4& diffuse,
+             const oxaIO::VColor4& specular, const oxaIO::VColor4& ambient, bool off)
     : diffuse(diffuse), specular(specular), ambient(ambient), off(off), number(number), name(name) {}
 
 void Light::Spot(const oxaIO::VCoords3D& position, const oxaIO::VCoords3D& direction, double cutoff) {

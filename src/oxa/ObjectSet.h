@@ -34,7 +34,8 @@ public:
     void AddElement(oxaIO::IObject* element) override;
 
     /// Looks each unresolved identifier up in the system; 3D objects and containers become
-    /// members, and every identifier the system knows leaves the unresolved ones. True when no identifier is left unresolved; false for a null system.
+    /// members, and every identifier the system knows leaves the unresolved ones. True when no identifier is
+    /// left unresolved; false for a null system.
     bool ResolveIDs(model::System* system);
 
 private:

@@ -82,7 +82,8 @@ OxaXmlReader::OxaXmlReader(mesh3D::Surface* surface, basic::unit unit)
     surfaceFragment = true;
 }
 
-OxaXmlReader::OxaXmlReader(mesh3D::Material* material) : OxaXmlReader(material ? material->system() : nullptr, 0) {
+OxaXmlReader::OxaXmlReader(mesh3D::Material* material)
+    : OxaXmlReader(material ? material->system() : nullptr, 0) {
     currentMaterial = material;
     materialFragment = true;
 }
@@ -133,7 +134,8 @@ bool OxaXmlReader::ReadOxaXmlFile(const QString& fileName, QString* errorText) {
     bool ok = true;
     const std::wstring name = basic::ToStdString(fileName);
     try {
-        tavxmln::CXMLManager::GetInstance()->LoadDocument(name.c_str(), this, true, false, nullptr, false, false);
+        tavxmln::CXMLManager::GetInstance()->LoadDocument(name.c_str(), this, true, false, nullptr, false,
+                                                          false);
     } catch (const tavxmln::CXMLException& exception) {
         if (exception.code() == tavxmln::CXMLException::Stop) {
             qDebug("OxaXmlReader::ReadOxaXmlFile exception - user canceled");
@@ -267,8 +269,8 @@ int OxaXmlReader::_resolveProperties() {
 
 // Document and sections
 
-void OxaXmlReader::StartOxaDocument(wstring projectId, wstring sourceApp, wstring, wstring sourceFormat, wstring,
-                                    wstring createdBy, wstring, wstring, wstring) {
+void OxaXmlReader::StartOxaDocument(wstring projectId, wstring sourceApp, wstring, wstring sourceFormat,
+                                    wstring, wstring createdBy, wstring, wstring, wstring) {
     EmitProgress();
     oxaIO::ExportContext& context = result->Context();
     context.ProjectID(projectId);
@@ -328,7 +330,8 @@ void OxaXmlReader::StartMaterial(wstring id, wstring name) {
     model::Object* present = system ? system->object(qid) : nullptr;
     auto* presentMaterial = dynamic_cast<mesh3D::Material*>(present);
     if (present && !materialFragment) {
-        qDebug("OxaXmlReader::StartMaterial ID is already used [%s] -> ignore read material", qPrintable(qid));
+        qDebug("OxaXmlReader::StartMaterial ID is already used [%s] -> ignore read material",
+               qPrintable(qid));
         ++skippedMaterials;
         // The document's objects still name this identifier: they get the present material.
         if (presentMaterial)
@@ -336,8 +339,9 @@ void OxaXmlReader::StartMaterial(wstring id, wstring name) {
         return;
     }
     if (present) {
-        qDebug("OxaXmlReader::StartMaterial Fragment ID is already present [%s] -> new material changes present",
-               qPrintable(qid));
+        qDebug(
+            "OxaXmlReader::StartMaterial Fragment ID is already present [%s] -> new material changes present",
+            qPrintable(qid));
         if (presentMaterial) {
             currentMaterial = presentMaterial;
             materialsByID.insert(qid, presentMaterial);
@@ -355,17 +359,29 @@ void OxaXmlReader::SetColor(Channel channel, int r, int g, int b, double a) {
     if (skippedMaterials < 1 && currentMaterial) {
         const basic::color4 color = basic::convert_to_color4(r, g, b, a);
         switch (channel) {
-        case Channel::Diffuse: currentMaterial->diffuse(color); break;
-        case Channel::Specular: currentMaterial->specular(color); break;
-        case Channel::Ambient: currentMaterial->ambient(color); break;
+        case Channel::Diffuse:
+            currentMaterial->diffuse(color);
+            break;
+        case Channel::Specular:
+            currentMaterial->specular(color);
+            break;
+        case Channel::Ambient:
+            currentMaterial->ambient(color);
+            break;
         }
     }
     if (currentLight) {
         const oxaIO::VColor4 color = LightColor(r, g, b);
         switch (channel) {
-        case Channel::Diffuse: currentLight->Diffuse(color); break;
-        case Channel::Specular: currentLight->Specular(color); break;
-        case Channel::Ambient: currentLight->Ambient(color); break;
+        case Channel::Diffuse:
+            currentLight->Diffuse(color);
+            break;
+        case Channel::Specular:
+            currentLight->Specular(color);
+            break;
+        case Channel::Ambient:
+            currentLight->Ambient(color);
+            break;
         }
     }
 }
@@ -433,7 +449,8 @@ void OxaXmlReader::StartContainer(wstring id, wstring name, wstring unit, bool c
     const QString qid = Q(id);
     const QString qname = Q(name);
     if (model::Object* present = system ? system->object(qid) : nullptr) {
-        qDebug("OxaXmlReader::StartContainer ID is already used [%s] [%s]", qPrintable(qname), qPrintable(qid));
+        qDebug("OxaXmlReader::StartContainer ID is already used [%s] [%s]", qPrintable(qname),
+               qPrintable(qid));
         auto* presentContainer = dynamic_cast<mesh3D::Container*>(present);
         if (presentContainer && !composite) {
             qDebug("  -> present object is a normal container - merge");
@@ -641,8 +658,8 @@ void OxaXmlReader::TextureCoords(const std::vector<oxaIO::VCoords2D>& coords) {
         currentMappingCoordinates->append(model::mapCoordsType{pair.x, pair.y});
 }
 
-void OxaXmlReader::OptOBB(const oxaIO::VCoords3D& reference, const oxaIO::VCoords3D& x, const oxaIO::VCoords3D& y,
-                          const oxaIO::VCoords3D& z) {
+void OxaXmlReader::OptOBB(const oxaIO::VCoords3D& reference, const oxaIO::VCoords3D& x,
+                          const oxaIO::VCoords3D& y, const oxaIO::VCoords3D& z) {
     EmitProgress();
     if (!currentSurface)
         return;
@@ -668,14 +685,23 @@ void OxaXmlReader::OptOBBxy(const oxaIO::VCoords3D& reference, const oxaIO::VCoo
     currentSurface->OOBBxy(box);
 }
 
-void OxaXmlReader::StartPolyline(const std::vector<int>& numbers, double thickness, oxaIO::EPolylineType type) {
+void OxaXmlReader::StartPolyline(const std::vector<int>& numbers, double thickness,
+                                 oxaIO::EPolylineType type) {
     EmitProgress();
-    // Without a surface nothing could own the polyline, so none is made.
+    // Without a surface nothing could own the polyline. Unknown point numbers are left out, as
+    // a corner without a point would break every later pass over the polygon.
     if (numbers.size() < 2 || !currentSurface)
         return;
-    currentPolyline = new mesh3D::Polygon();
+    QVector<mesh3D::Vertex*> corners;
+    corners.reserve(int(numbers.size()));
     for (int number : numbers)
-        currentPolyline->append(points.value(number, nullptr));
+        if (mesh3D::Vertex* vertex = points.value(number, nullptr))
+            corners.append(vertex);
+    if (corners.size() < 2)
+        return;
+    currentPolyline = new mesh3D::Polygon();
+    for (mesh3D::Vertex* vertex : qAsConst(corners))
+        currentPolyline->append(vertex);
     currentPolyline->Thickness(thickness);
     currentPolyline->Type(type);
     currentSurface->add(currentPolyline);
@@ -725,6 +751,11 @@ void OxaXmlReader::StartFace() {
 void OxaXmlReader::EndFace() {
     EmitProgress();
     currentFace = nullptr;
+}
+
+void OxaXmlReader::SetFaceShape(oxaIO::EFaceShape shape) {
+    if (currentFace)
+        currentFace->SetShape(shape);
 }
 
 // Properties
@@ -817,8 +848,8 @@ void OxaXmlReader::StartIntersections(double eps, wstring unit, bool symmetric) 
 
 void OxaXmlReader::Intersection(wstring& left, wstring& right) {
     EmitProgress();
-    result->TopologySection().AddIntersection(oxaIO::VObjPairRelation{left, right}, contactEpsilon, contactUnit,
-                                              contactSymmetric);
+    result->TopologySection().AddIntersection(oxaIO::VObjPairRelation{left, right}, contactEpsilon,
+                                              contactUnit, contactSymmetric);
 }
 
 void OxaXmlReader::EndIntersections() {
@@ -911,8 +942,9 @@ void OxaXmlReader::ReadThumbnailData(unsigned char*& data, unsigned int& size) {
 
 void OxaXmlReader::ViewCamera(oxaIO::VCoords3D& eye, oxaIO::VCoords3D& lookAt, oxaIO::VCoords3D& up,
                               double nearPlane, double farPlane, double viewAngle, double aspectRatio,
-                              int projectionType, double expOrthoWidth, double expOrthoHeight, double orthoWidth,
-                              double orthoHeight, oxaIO::VCoords3D& savedEye, oxaIO::VCoords3D& savedLookAt) {
+                              int projectionType, double expOrthoWidth, double expOrthoHeight,
+                              double orthoWidth, double orthoHeight, oxaIO::VCoords3D& savedEye,
+                              oxaIO::VCoords3D& savedLookAt) {
     EmitProgress();
     if (!currentView)
         return;
@@ -931,7 +963,8 @@ void OxaXmlReader::StartLight(int number, wstring name, bool off) {
     currentView->Lights().push_back(currentLight);
 }
 
-void OxaXmlReader::SpotLight(const oxaIO::VCoords3D& position, const oxaIO::VCoords3D& direction, double cutoff) {
+void OxaXmlReader::SpotLight(const oxaIO::VCoords3D& position, const oxaIO::VCoords3D& direction,
+                             double cutoff) {
     EmitProgress();
     if (currentLight)
         currentLight->Spot(position, direction, cutoff);

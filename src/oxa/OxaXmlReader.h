@@ -99,7 +99,9 @@ public:
     bool IsReading() const { return reading.load(std::memory_order_relaxed); }
     model::System* System() const { return system; }
     basic::MessageService* MsgService() const { return messageService.load(std::memory_order_relaxed); }
-    void MsgService(basic::MessageService* service) { messageService.store(service, std::memory_order_relaxed); }
+    void MsgService(basic::MessageService* service) {
+        messageService.store(service, std::memory_order_relaxed);
+    }
     /// For a project read as one job over several files: the total size of all files and the
     /// offset of the present one, so that progress runs once from 0 to 1.
     void SetMultiFileSize(int size) { multiFileSize = size; }
@@ -175,6 +177,7 @@ public:
     void EndSolid() override;
     void StartFace() override;
     void EndFace() override;
+    void SetFaceShape(oxaIO::EFaceShape shape) override;
     void StartPropertySection(wstring version) override;
     void EndPropertySection() override;
     void StartProperty(wstring refId, wstring name, wstring datatype, wstring unit) override;
@@ -199,7 +202,8 @@ public:
                     double expOrthoWidth, double expOrthoHeight, double orthoWidth, double orthoHeight,
                     oxaIO::VCoords3D& savedEye, oxaIO::VCoords3D& savedLookAt) override;
     void StartLight(int number, wstring name, bool off) override;
-    void SpotLight(const oxaIO::VCoords3D& position, const oxaIO::VCoords3D& direction, double cutoff) override;
+    void SpotLight(const oxaIO::VCoords3D& position, const oxaIO::VCoords3D& direction,
+                   double cutoff) override;
     void PositionalLight(const oxaIO::VCoords3D& position) override;
     void DirectionalLight(const oxaIO::VCoords3D& direction) override;
     void EndLight() override;
@@ -259,8 +263,8 @@ public:
     void EndLevelDef() override;
     void StartMsgGrp(wstring id, wstring description) override;
     void EndMsgGrp() override;
-    void StartMsgInfo(oxaIO::EMsgTypes type, wstring module, int year, int month, int day, int hour, int minute,
-                      int second, wstring levelRefId) override;
+    void StartMsgInfo(oxaIO::EMsgTypes type, wstring module, int year, int month, int day, int hour,
+                      int minute, int second, wstring levelRefId) override;
     void MsgTxt(wstring text) override;
     void MsgSet(wstring refId) override;
     void EndMsgInfo() override;

@@ -34,10 +34,6 @@ void tst_OxaExamineContainer::singletonLifecycle() {
     QCOMPARE(y, 2.5);
     QVERIFY(!instance->IsDrawPointNumbers());
 
-    OxaExamineData* record = instance->GetObjectExamineData("R", "M");
-    OxaExamineContainer copy(*instance);
-    QCOMPARE(copy.FindObjectExamineDataFromRealID("R"), record); // a copy shares the records
-
     QVERIFY(OxaExamineContainer::DeleteInstance());
     QVERIFY(!OxaExamineContainer::DeleteInstance());
 }
@@ -56,28 +52,35 @@ void tst_OxaExamineContainer::duplicatesAndPointNumbers() {
     record.AddDuplicatePoint(3, 9);
     record.AddDuplicatePoint(3, 12);
     record.AddDuplicatePoint(5, 6);
-    QCOMPARE(*record.DuplicatePoints().value(3), (QList<int>{3, 9, 12}));
-    QCOMPARE(*record.DuplicatePoints().value(5), (QList<int>{5, 6}));
+    QCOMPARE(record.DuplicatePoints(3), (QList<int>{3, 9, 12}));
+    QCOMPARE(record.DuplicatePoints(5), (QList<int>{5, 6}));
+    QVERIFY(record.DuplicatePoints(9).isEmpty());
+    QCOMPARE(record.KeptPoints(), (QList<int>{3, 5}));
+    QCOMPARE(record.CountDuplicatePoints(), 3);
 
     mesh3D::Vertex a(0, 0, 0), b(1, 0, 0), elsewhere(2, 0, 0);
     record.AddPoints({{3, &a}, {4, &b}});
     QCOMPARE(record.FindPoint(&a), 3);
+    QCOMPARE(record.FindPoint(&b), 4);
     QCOMPARE(record.FindPoint(&elsewhere), 0);
     QCOMPARE(record.FindPoint(4), &b);
     QCOMPARE(record.FindPoint(8), static_cast<mesh3D::Vertex*>(nullptr));
     // The reverse table is built once: points added later are found by vertex only.
-    record.AddPoints({{8, &elsewhere}});
+    record.AddPoints({{8, &elsewhere}, {7, &a}});
     QCOMPARE(record.FindPoint(&elsewhere), 8);
+    QCOMPARE(record.FindPoint(&a), 7); // a later call overrides
+    QCOMPARE(record.FindPoint(&b), 4);
     QCOMPARE(record.FindPoint(8), static_cast<mesh3D::Vertex*>(nullptr));
 
     QString text;
     QTextStream stream(&text);
     OxaExamineData single("a4f", "17");
     single.AddDuplicatePoint(3, 9);
+    single.AddDuplicatePoint(1, 2);
     single.AddDuplicatePoint(3, 12);
     single.DumpDuplicatePoints(stream);
     stream.flush();
-    QCOMPARE(text, QString("obj 17 'a4f' p: 3 9 12 \n"));
+    QCOMPARE(text, QString("obj 17 'a4f' p: 3 9 12 \nobj 17 'a4f' p: 1 2 \n"));
 }
 
 void tst_OxaExamineContainer::dumpFollowsTheDrawSwitch_data() {

@@ -4,6 +4,7 @@
 #include "basic/MessageService.h"
 #include "geometry/OBB.h"
 #include "geometry/OBB2D.h"
+#include "geometry/Octree.h"
 #include "mesh3D/Face.h"
 #include "mesh3D/GenericObject.h"
 #include "mesh3D/Polygon.h"
@@ -46,7 +47,8 @@ QByteArray BoxData(const QByteArray& id, double size = 1.0) {
                        .arg(((i >> 1) & 1) * size)
                        .arg(((i >> 2) & 1) * size)
                        .toUtf8();
-    const int quads[6][4] = {{0, 2, 3, 1}, {4, 5, 7, 6}, {0, 1, 5, 4}, {2, 6, 7, 3}, {0, 4, 6, 2}, {1, 3, 7, 5}};
+    const int quads[6][4] = {{0, 2, 3, 1}, {4, 5, 7, 6}, {0, 1, 5, 4},
+                             {2, 6, 7, 3}, {0, 4, 6, 2}, {1, 3, 7, 5}};
     for (const auto& q : quads)
         xml += QString("<t p1=\"%1\" p2=\"%2\" p3=\"%3\"/><t p1=\"%1\" p2=\"%3\" p3=\"%4\"/>")
                    .arg(q[0])
@@ -153,8 +155,9 @@ void tst_OxaXmlReader::materials() {
 }
 
 void tst_OxaXmlReader::unknownMaterialGivesTheEmptyMaterial() {
-    const QString path = write("unknown-material.oxaxml",
-                               Document(R"(<materialSection version="1.4"><material ID="M1" name="m"/></materialSection>
+    const QString path =
+        write("unknown-material.oxaxml",
+              Document(R"(<materialSection version="1.4"><material ID="M1" name="m"/></materialSection>
 <container ID="C" name="c"><object3D ID="A" name="a" matID="M1"/><object3D ID="B" name="b" matID="NOPE"/>
 <object3D ID="N" name="n"/></container>)"));
     Model model;
@@ -193,19 +196,23 @@ void tst_OxaXmlReader::scaleFollowsSectionAndContainerUnits() {
     model.documents.append(reader.GetOXAResult());
 
     auto box = [&](const char* id) { return model.Object(id)->getBoundingbox(); };
-    QCOMPARE(box("IN-CM").max.x, 1.0);
-    QCOMPARE(box("IN-CM").max.z, 3.0);
-    QCOMPARE(box("IN-M").max.y, 2.0);
-    QCOMPARE(box("BACK-IN-CM").max.x, 1.0);
-    QCOMPARE(box("IN-MM").max.x, 1.0);
+    QCOMPARE(box("IN-CM").xmax, 1.0);
+    QCOMPARE(box("IN-CM").zmax, 3.0);
+    QCOMPARE(box("IN-M").ymax, 2.0);
+    QCOMPARE(box("BACK-IN-CM").xmax, 1.0);
+    QCOMPARE(box("IN-MM").xmax, 1.0);
 }
 
 void tst_OxaXmlReader::sectionUnitScalesGeometryAndBoxes() {
-    const QString path = write("mm.oxaxml", Document(R"(<container ID="C" name="c" unit="km"><object3D ID="A" name="a"/></container>)",
-                                                     DataSection(BoxData("A", 2000.0).replace(
-                                                         "</data3D>", R"(<optOBB ref="1000 0 0" x="2000 0 0" y="0 2000 0" z="0 0 4000"/>
-<optOBBxy ref="0 500 7" x="10 0 9" y="0 20 9" height="99"/></data3D>)")),
-                                                     "mm"));
+    const QString path =
+        write("mm.oxaxml",
+              Document(R"(<container ID="C" name="c" unit="km"><object3D ID="A" name="a"/></container>)",
+                       DataSection(
+                           BoxData("A", 2000.0)
+                               .replace("</data3D>",
+                                        R"(<optOBB ref="1000 0 0" vx="2000 0 0" vy="0 2000 0" vz="0 0 4000"/>
+<optOBBxy ref="0 500 7" vx="10 0" vy="0 20" h="99"/></data3D>)")),
+                       "mm"));
     Model model;
     oxaIO::OxaObjects* document = model.Read(path);
     QVERIFY(document);
@@ -214,8 +221,8 @@ void tst_OxaXmlReader::sectionUnitScalesGeometryAndBoxes() {
     QCOMPARE(TriangleCount(a), 12);
     QCOMPARE(a->vertices().count(), 8);
     // The data section comes after the container: the container's unit no longer applies.
-    QCOMPARE(a->getBoundingbox().max.x, 2.0);
-    QCOMPARE(a->getBoundingbox().max.z, 2.0);
+    QCOMPARE(a->getBoundingbox().xmax, 2.0);
+    QCOMPARE(a->getBoundingbox().zmax, 2.0);
     QVERIFY(a->OptOBB());
     QCOMPARE(a->OptOBB()->origin()[0], 1.0);
     QCOMPARE(a->OptOBB()->axis(2)[2], 4.0);
@@ -232,7 +239,8 @@ void tst_OxaXmlReader::containerClashes_data() {
     QTest::addColumn<QStringList>("absent");
     QTest::addColumn<int>("rootsOfSecond");
 
-    const QByteArray after = R"(<container ID="AFTER" name="after"><object3D ID="AFTER-X" name="x"/></container>)";
+    const QByteArray after =
+        R"(<container ID="AFTER" name="after"><object3D ID="AFTER-X" name="x"/></container>)";
     QTest::newRow("plain container merges")
         << QByteArray(R"(<container ID="C" name="again" unit="km"><object3D ID="B" name="b"/>
 <container ID="C-SUB" name="sub"/></container>)") +
@@ -244,7 +252,8 @@ void tst_OxaXmlReader::containerClashes_data() {
                after
         << QStringList{"A"} << QStringList{"B", "C-SUB", "C-SUB-X", "G"} << 1;
     QTest::newRow("container named like a surface is skipped")
-        << QByteArray(R"(<container ID="A" name="like the object"><object3D ID="B" name="b"/></container>)") + after
+        << QByteArray(R"(<container ID="A" name="like the object"><object3D ID="B" name="b"/></container>)") +
+               after
         << QStringList{"A"} << QStringList{"B"} << 1;
 }
 
@@ -255,7 +264,8 @@ void tst_OxaXmlReader::containerClashes() {
     QFETCH(int, rootsOfSecond);
 
     Model model;
-    QVERIFY(model.Read(write("first.oxaxml", Document(R"(<container ID="C" name="c"><object3D ID="A" name="a"/></container>)"))));
+    QVERIFY(model.Read(write(
+        "first.oxaxml", Document(R"(<container ID="C" name="c"><object3D ID="A" name="a"/></container>)"))));
     oxaIO::OxaObjects* document = model.Read(write("second.oxaxml", Document(second)));
     QVERIFY(document);
 
@@ -275,19 +285,23 @@ void tst_OxaXmlReader::containerClashes() {
 
 void tst_OxaXmlReader::refusedObjectAndMaterial() {
     Model model;
-    QVERIFY(model.Read(write("first.oxaxml",
-                             Document(R"(<materialSection version="1.4"><material ID="M" name="first"><diff r="255" g="0" b="0" a="1.0"/></material></materialSection>
+    QVERIFY(model.Read(write(
+        "first.oxaxml",
+        Document(
+            R"(<materialSection version="1.4"><material ID="M" name="first"><diff r="255" g="0" b="0" a="1.0"/></material></materialSection>
 <container ID="C" name="c"><object3D ID="A" name="first a" matID="M"/></container>)",
-                                      DataSection(BoxData("A"))))));
+            DataSection(BoxData("A"))))));
     // A second reader over the same system: the identifiers are taken, but its own table of
     // surfaces does not know A, so the second document's geometry for A goes nowhere.
     oxa::OxaXmlReader second(&model.system);
     QString error;
     QVERIFY(second.ReadOxaXmlFile(
-        write("second.oxaxml",
-              Document(R"(<materialSection version="1.4"><material ID="M" name="second"><diff r="0" g="255" b="0" a="1.0"/></material></materialSection>
+        write(
+            "second.oxaxml",
+            Document(
+                R"(<materialSection version="1.4"><material ID="M" name="second"><diff r="0" g="255" b="0" a="1.0"/></material></materialSection>
 <container ID="D" name="d"><object3D ID="A" name="second a"/><object3D ID="B" name="b" matID="M"/></container>)",
-                       DataSection(BoxData("A", 5.0) + BoxData("B")))),
+                DataSection(BoxData("A", 5.0) + BoxData("B")))),
         &error));
     model.documents.append(second.GetOXAResult());
     oxaIO::OxaObjects* document = model.documents.last();
@@ -305,7 +319,7 @@ void tst_OxaXmlReader::refusedObjectAndMaterial() {
     QCOMPARE(a->name(), QString("first a"));
     QCOMPARE(a->Parent(), model.Container("C"));
     QCOMPARE(TriangleCount(a), 12);
-    QCOMPARE(a->getBoundingbox().max.x, 1.0);
+    QCOMPARE(a->getBoundingbox().xmax, 1.0);
     QStringList children;
     for (mesh3D::Element* child : model.Container("D")->children())
         children << child->id();
@@ -313,13 +327,17 @@ void tst_OxaXmlReader::refusedObjectAndMaterial() {
 }
 
 void tst_OxaXmlReader::geometryPrimitives() {
-    const QString path = write("primitives.oxaxml", Document(R"(<container ID="C" name="c"><object3D ID="A" name="a" negative="true" refID="W"/></container>)",
-                                                             DataSection(R"(<data3D refID="A">
+    const QString path = write(
+        "primitives.oxaxml",
+        Document(
+            R"(<container ID="C" name="c"><object3D ID="A" name="a" negative="true" refID="W"/></container>)",
+            DataSection(R"(<data3D refID="A">
 <p nr="1" x="0" y="0" z="0"/><p nr="2" x="1" y="0" z="0"/><p nr="3" x="1" y="1" z="0"/><p nr="4" x="0" y="1" z="0"/>
-<t p1="1" p2="2" p3="3"><tex c="0 0 1 0 1 1"/></t>
+<t p1="1" p2="2" p3="3"><tex coords="0 0 1 0 1 1"/></t>
 <t p1="1" p2="3" p3="99"/>
 <pl points="1 2 3 4 1" thickness="0.25" type="Polygon"><tess><t p1="1" p2="2" p3="3"/><t p1="1" p2="3" p3="4"/></tess></pl>
-<pl points="1 77" type="Chain"/>
+<pl points="1 77 3" type="Chain"/>
+<pl points="1 77"/>
 <pl points="1"/>
 <solid><face shape="Planar"><t p1="1" p2="3" p3="4"/></face><face/></solid>
 <face><pl points="1 2 3"/></face>
@@ -341,9 +359,9 @@ void tst_OxaXmlReader::geometryPrimitives() {
     QCOMPARE(polygon->Tessellation().size(), 2);
     mesh3D::Polygon* chain = a->polygons()[1];
     QCOMPARE(chain->Type(), oxaIO::plChain);
+    // An unknown number is left out; a polyline with fewer than two known points is not made.
     QCOMPARE(chain->count_points(), 2);
-    QVERIFY(chain->vertex(0));
-    QVERIFY(!chain->vertex(1)); // an unknown number gives a null vertex
+    QCOMPARE(chain->vertex(1)->y(), 1.0);
     QCOMPARE(a->solids().size(), 1);
     QCOMPARE(a->solids()[0]->faces().size(), 2);
     QCOMPARE(a->solids()[0]->faces()[0]->Shape(), oxaIO::fsPlanar);
@@ -359,8 +377,9 @@ void tst_OxaXmlReader::geometryPrimitives() {
 }
 
 void tst_OxaXmlReader::data3DWithUnknownReferenceIsDropped() {
-    const QString path = write("orphan.oxaxml", Document(R"(<container ID="C" name="c"><object3D ID="A" name="a"/></container>)",
-                                                         DataSection(BoxData("NOBODY") + BoxData("A"))));
+    const QString path = write(
+        "orphan.oxaxml", Document(R"(<container ID="C" name="c"><object3D ID="A" name="a"/></container>)",
+                                  DataSection(BoxData("NOBODY") + BoxData("A"))));
     Model model;
     QVERIFY(model.Read(path));
     QCOMPARE(TriangleCount(model.Object("A")), 12);
@@ -369,22 +388,31 @@ void tst_OxaXmlReader::data3DWithUnknownReferenceIsDropped() {
 }
 
 void tst_OxaXmlReader::duplicatePointsAreRecorded() {
-    const QString path = write("duplicates.oxaxml", Document(R"(<container ID="C" name="c"><object3D ID="A" name="a"/></container>)",
-                                                             DataSection(BoxData("A"))));
+    const QString path = write(
+        "duplicates.oxaxml", Document(R"(<container ID="C" name="c"><object3D ID="A" name="a"/></container>)",
+                                      DataSection(BoxData("A"))));
     Model model;
     QVERIFY(model.Read(path));
-    oxa::OxaExamineData* record = oxa::OxaExamineContainer::GetInstance()->FindObjectExamineDataFromRealID("A");
+    oxa::OxaExamineData* record =
+        oxa::OxaExamineContainer::GetInstance()->FindObjectExamineDataFromRealID("A");
     QVERIFY(record);
     QCOMPARE(record->MappedID(), QString("A"));
     // Each corner came three times: the kept number, then the two that merged into it.
-    QCOMPARE(record->DuplicatePoints().size(), 8);
+    QCOMPARE(record->KeptPoints(), (QList<int>{0, 1, 2, 3, 4, 5, 6, 7}));
+    QCOMPARE(record->CountDuplicatePoints(), 16);
     for (int corner = 0; corner < 8; ++corner) {
-        QVERIFY(record->DuplicatePoints().contains(corner));
-        QCOMPARE(*record->DuplicatePoints().value(corner), (QList<int>{corner, corner + 8, corner + 16}));
-        mesh3D::Vertex* vertex = record->FindPoint(corner);
+        const QList<int> numbers{corner, corner + 8, corner + 16};
+        QCOMPARE(record->DuplicatePoints(corner), numbers);
+        // One of the three numbers stays with the kept vertex, and leads back to it.
+        mesh3D::Vertex* vertex = nullptr;
+        for (int number : numbers)
+            if (mesh3D::Vertex* found = record->FindPoint(number))
+                vertex = found;
         QVERIFY(vertex);
         QCOMPARE(vertex->x(), double(corner & 1));
-        QVERIFY(record->FindPoint(vertex) % 8 == corner);
+        QCOMPARE(vertex->z(), double((corner >> 2) & 1));
+        QVERIFY(numbers.contains(record->FindPoint(vertex)));
+        QCOMPARE(record->FindPoint(record->FindPoint(vertex)), vertex);
     }
     QCOMPARE(record->FindPoint(999), static_cast<mesh3D::Vertex*>(nullptr));
 }
@@ -425,16 +453,20 @@ void tst_OxaXmlReader::properties() {
     QCOMPARE(int(objectProperties.size()), 4);
     QStringList seen;
     for (const oxaIO::VOxaPropertyType* property : objectProperties)
-        seen << QString::fromStdWString(property->refID + L"/" + property->name + L"/" + property->datatype + L"/" +
-                                        property->value + L"/" + property->unit);
-    QCOMPARE(seen, (QStringList{"REAL-A/Host/xs:IDREF/REAL-B/", "REAL-A/Code/xs:string/8/m",
-                                "REAL-A/Comment/xs:string/first | second/", "REAL-A/Hosts/xs:IDREF/REAL-A | REAL-B/"}));
+        seen << QString::fromStdWString(property->refID + L"/" + property->name + L"/" + property->datatype +
+                                        L"/" + property->value + L"/" + property->unit);
+    QCOMPARE(seen,
+             (QStringList{"REAL-A/Host/xs:IDREF/REAL-B/", "REAL-A/Code/xs:string/8/m",
+                          "REAL-A/Comment//first | second/", "REAL-A/Hosts/xs:IDREF/REAL-A | REAL-B/"}));
     QCOMPARE(int(activityProperties.size()), 1);
     QCOMPARE(activityProperties.front()->value, std::wstring(L"A"));
 }
 
 void tst_OxaXmlReader::demolishedObjectsGetTheirSimulationType() {
-    const QString path = write("demolish.oxaxml", Document(R"(<container ID="C" name="c"><object3D ID="A" name="a"/><object3D ID="B" name="b"/></container>
+    const QString path = write(
+        "demolish.oxaxml",
+        Document(
+            R"(<container ID="C" name="c"><object3D ID="A" name="a"/><object3D ID="B" name="b"/></container>
 <propertySection version="1.5"><property refID="A" name="oxaSimulationType">Demolish</property>
 <property refID="B" name="oxaSimulationType">Keep</property><property refID="C" name="oxaSimulationType">Demolish</property></propertySection>)"));
     Model model;
@@ -470,7 +502,8 @@ void tst_OxaXmlReader::topologyIsKept() {
     QCOMPARE(contacts->GetContactRelations().back().left, std::wstring(L"B"));
     QVERIFY(contacts->Sym());
     QCOMPARE(int(topology.GetIntersections().size()), 1);
-    QCOMPARE(topology.GetIntersections().front()->GetIntersectionRelations().front().right, std::wstring(L"Y"));
+    QCOMPARE(topology.GetIntersections().front()->GetIntersectionRelations().front().right,
+             std::wstring(L"Y"));
     if (!hRefsOn) {
         QVERIFY(topology.GetHRefDefinitions().empty());
         QVERIFY(topology.GetHRefRelations().empty());
@@ -489,8 +522,11 @@ void tst_OxaXmlReader::topologyIsKept() {
 }
 
 void tst_OxaXmlReader::viewsAndSets() {
-    const QString path = write("views.oxaxml", Document(R"(<container ID="C" name="c"><object3D ID="A" name="a"/><container ID="D" name="d"/></container>)",
-                                                        R"(<visualisationSection version="1.4"><viewContainer ID="VC" name="Views">
+    const QString path = write(
+        "views.oxaxml",
+        Document(
+            R"(<container ID="C" name="c"><object3D ID="A" name="a"/><container ID="D" name="d"/></container>)",
+            R"(<visualisationSection version="1.4"><viewContainer ID="VC" name="Views">
 <view ID="V1" name="Persp" current="true">
 <camera eye="1 2 3" lookat="4 5 6" up="0 0 1" nearPlane="0.1" farPlane="100" viewAngle="45" aspectRatio="1.5" projType="perspective"/>
 <light nr="2" name="Sun" off="true"><diff r="255" g="0" b="0" a="1.0"/><spec r="0" g="255" b="0" a="1.0"/><amb r="0" g="0" b="255" a="1.0"/><spot pos="1 1 1" dir="0 0 -1" cutoff="30"/></light>
@@ -577,9 +613,10 @@ void tst_OxaXmlReader::resultIsHandedOverOnce() {
 }
 
 void tst_OxaXmlReader::malformedDocumentKeepsWhatWasRead() {
-    const QString path = write("broken.oxaxml", Document(R"(<container ID="C" name="c"><object3D ID="A" name="a"/></container>)",
-                                                         DataSection(BoxData("A")) + "<unclosed>")
-                                                    .replace("</objects>", "</objectz>"));
+    const QString path = write(
+        "broken.oxaxml", Document(R"(<container ID="C" name="c"><object3D ID="A" name="a"/></container>)",
+                                  DataSection(BoxData("A")) + "<unclosed>")
+                             .replace("</objects>", "</objectz>"));
     Model model;
     QString error;
     QVERIFY(!model.Read(path, &error));
@@ -593,6 +630,9 @@ void tst_OxaXmlReader::malformedDocumentKeepsWhatWasRead() {
 }
 
 void tst_OxaXmlReader::objectOutsideAContainerThrows() {
+#ifndef QT_NO_DEBUG
+    QSKIP("a debug build stops at the assertion before the exception");
+#endif
     Model model;
     oxa::OxaXmlReader& reader = *model.reader;
     reader.StartObjectSection(L"m", L"1.5");
@@ -600,7 +640,7 @@ void tst_OxaXmlReader::objectOutsideAContainerThrows() {
     try {
         reader.StartObject3D(L"LOOSE", L"", L"", false, L"");
     } catch (const basic::Exception& exception) {
-        thrown = exception.message == "Object3D needs a parent object.";
+        thrown = exception.text() == "Object3D needs a parent object.";
     }
     QVERIFY(thrown);
     QVERIFY(!model.system.object("LOOSE"));
@@ -616,14 +656,15 @@ void tst_OxaXmlReader::fragments() {
         QString error;
         QVERIFY(reader.ReadOxaXmlFragment(QString::fromUtf8(BoxData("ANY", 100.0)), &error));
         QCOMPARE(surface->triangles().size(), 12);
-        QCOMPARE(surface->getBoundingbox().max.x, 1.0);
+        QCOMPARE(surface->getBoundingbox().xmax, 1.0);
         QVERIFY(!reader.ReadOxaXmlFragment("<data3D><p", &error));
         QVERIFY(!error.isEmpty());
 
         mesh3D::Material material(&system, "MAT", "mat");
         oxa::OxaXmlReader materialReader(&material);
         QVERIFY(materialReader.ReadOxaXmlFragment(
-            R"(<material ID="MAT" name="changed"><diff r="0" g="255" b="0" a="1.0"/><trans v="0.5"/></material>)", &error));
+            R"(<material ID="MAT" name="changed"><diff r="0" g="255" b="0" a="1.0"/><trans v="0.5"/></material>)",
+            &error));
         QCOMPARE(material.diffuse().g, 1.0f);
         QCOMPARE(material.transparency(), 0.5);
         QCOMPARE(material.name(), QString("mat"));
@@ -641,8 +682,9 @@ void tst_OxaXmlReader::progressIsThinned() {
     QByteArray objects;
     for (int i = 0; i < 40; ++i)
         objects += "<object3D ID=\"A" + QByteArray::number(i) + "\" name=\"a\"/>";
-    const QString path = write("progress.oxaxml", Document("<container ID=\"C\" name=\"c\">" + objects + "</container>",
-                                                           DataSection(data)));
+    const QString path =
+        write("progress.oxaxml",
+              Document("<container ID=\"C\" name=\"c\">" + objects + "</container>", DataSection(data)));
     Model model;
     basic::MessageService service;
     QList<double> fractions;
@@ -673,8 +715,9 @@ void tst_OxaXmlReader::cancelFromAnotherThread() {
         objects += "<object3D ID=\"" + id + "\" name=\"o\"/>";
         data += BoxData(id, 1.0 + i);
     }
-    const QString path = write("large.oxaxml", Document("<container ID=\"C\" name=\"c\">" + objects + "</container>",
-                                                        DataSection(data)));
+    const QString path =
+        write("large.oxaxml",
+              Document("<container ID=\"C\" name=\"c\">" + objects + "</container>", DataSection(data)));
     Model model;
     basic::MessageService service;
     model.reader->MsgService(&service);
@@ -718,8 +761,8 @@ void tst_OxaXmlReader::cancelFromAnotherThread() {
     for (; i < objectCount && TriangleCount(model.Object(QString("OBJ%1").arg(i))) == 12; ++i) {
         mesh3D::Object3D* object = model.Object(QString("OBJ%1").arg(i));
         QCOMPARE(object->vertices().count(), 8);
-        QCOMPARE(object->getBoundingbox().max.z, 1.0 + i);
-        QCOMPARE(object->getBoundingbox().min.x, 0.0);
+        QCOMPARE(object->getBoundingbox().zmax, 1.0 + i);
+        QCOMPARE(object->getBoundingbox().xmin, 0.0);
         QVERIFY(object->edges());
     }
     const int complete = i;
