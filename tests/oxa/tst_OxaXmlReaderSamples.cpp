@@ -136,6 +136,7 @@ private slots:
     void cleanup() { oxa::OxaExamineContainer::DeleteInstance(); }
     void samples_data();
     void samples();
+    void sharedReaderProject();
     void roundTrip_data();
     void roundTrip();
 };
@@ -367,6 +368,98 @@ void tst_OxaXmlReaderSamples::samples() {
         wanted.sort();
         QCOMPARE(members, wanted);
     }
+}
+
+/// The files of a project read in turn by one reader into one system: identifiers that a
+/// newer file took first merge, are ignored or are refused, as the project's manifest says.
+void tst_OxaXmlReaderSamples::sharedReaderProject() {
+    const QString folder = QStringLiteral(ZENTRA_SHARED_DATA) + "/sample-project";
+    if (!QFile::exists(folder + "/manifest.json"))
+        QSKIP("shared sample project not present");
+    const QJsonObject project =
+        QJsonDocument::fromJson(ReadAll(folder + "/manifest.json")).object().value("project").toObject();
+
+    Model model;
+    QStringList roots;
+    const QJsonArray perDocument = project.value("per_document").toArray();
+    const QJsonArray order = project.value("read_order").toArray();
+    QCOMPARE(perDocument.size(), order.size());
+    for (int i = 0; i < order.size(); ++i) {
+        const QJsonObject expected = perDocument[i].toObject();
+        QCOMPARE(expected.value("file").toString(), order[i].toString());
+        const QStringList created = expected.value("created").toVariant().toStringList();
+        for (const QString& id : created)
+            QVERIFY2(!model.system.object(id), qPrintable(id + " exists before its file"));
+        const QStringList ignored = expected.value("ignored").toVariant().toStringList();
+        QList<int> ignoredSizes;
+        for (const QString& id : ignored)
+            ignoredSizes << model.Container(id)->children().size();
+
+        QString error;
+        oxaIO::OxaObjects* document = model.Read(folder + "/" + order[i].toString(), &error);
+        QVERIFY2(document, qPrintable(error));
+        QStringList topLevel;
+        for (const oxaIO::IContainer* container : document->ObjectSection().GetContainers())
+            topLevel << S(container->ID());
+        QCOMPARE(topLevel, expected.value("top_level").toVariant().toStringList());
+        roots << topLevel;
+        for (const QString& id : created)
+            QVERIFY2(model.Container(id), qPrintable(id));
+        for (const QString& id : expected.value("merged").toVariant().toStringList())
+            QVERIFY2(model.Container(id), qPrintable(id));
+        for (int k = 0; k < ignored.size(); ++k)
+            QCOMPARE(model.Container(ignored[k])->children().size(), ignoredSizes[k]);
+        for (const QString& id : expected.value("generic_in_ignored").toVariant().toStringList())
+            QVERIFY2(dynamic_cast<mesh3D::GenericObject*>(model.system.object(id)), qPrintable(id));
+        QStringList materials;
+        for (const oxaIO::IMaterial* material : document->ObjectSection().GetMaterials())
+            materials << S(material->ID());
+        for (const QString& id : expected.value("materials_present").toVariant().toStringList())
+            QVERIFY2(!materials.contains(id), qPrintable(id + " made again"));
+    }
+    QCOMPARE(roots, project.value("root_children").toVariant().toStringList());
+
+    TreeWalk walk;
+    const QJsonArray tree = project.value("tree").toArray();
+    QCOMPARE(tree.size(), roots.size());
+    for (int i = 0; i < roots.size(); ++i)
+        walk.Walk(model.Container(roots[i]), tree[i].toObject());
+    QVERIFY2(walk.mismatches.isEmpty(), qPrintable(walk.mismatches.join("\n")));
+    QCOMPARE(walk.containers, project.value("containers_in_tree").toInt());
+    QCOMPARE(walk.objects, project.value("object3D_in_tree").toInt());
+
+    const QJsonObject objects = project.value("objects").toObject();
+    QCOMPARE(objects.size(), walk.objects);
+    mesh3D::Material* dummy = mesh3D::Material::Dummy(&model.system);
+    // The tree's figure counts a reader per file; a shared reader adds what it finds for the
+    // refused object.
+    int triangles = 0;
+    int sharedExtra = 0;
+    for (auto it = objects.begin(); it != objects.end(); ++it) {
+        const QJsonObject o = it.value().toObject();
+        mesh3D::Object3D* object = model.Object(it.key());
+        QVERIFY2(object, qPrintable(it.key()));
+        QCOMPARE(object->Parent()->id(), o.value("container").toString());
+        QCOMPARE(object->material(),
+                 o.value("material").isNull() ? dummy : model.Material(o.value("material").toString()));
+        const Figures f = Count(object);
+        const QJsonObject shared = o.value("shared_reader").toObject();
+        if (!shared.isEmpty())
+            sharedExtra += shared.value("triangles").toInt() - o.value("triangles").toInt();
+        const int vertices =
+            shared.isEmpty() ? o.value("vertices").toInt() : shared.value("vertices").toInt();
+        const int objectTriangles =
+            shared.isEmpty() ? o.value("triangles").toInt() : shared.value("triangles").toInt();
+        QVERIFY2(f.vertices == vertices, qPrintable(it.key() + " vertices"));
+        QVERIFY2(f.triangles == objectTriangles,
+                 qPrintable(it.key() + QString(" triangles %1 %2").arg(f.triangles).arg(f.tessTriangles)));
+        if (shared.isEmpty())
+            QVERIFY2(f.tessTriangles == o.value("tess_triangles").toInt(),
+                     qPrintable(it.key() + " tessellation"));
+        triangles += f.triangles;
+    }
+    QVERIFY(sharedExtra > 0);
+    QCOMPARE(triangles, project.value("triangles_in_tree").toInt() + sharedExtra);
 }
 
 void tst_OxaXmlReaderSamples::roundTrip_data() {
