@@ -42,6 +42,7 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <set>
 
 namespace oxa {
@@ -89,6 +90,8 @@ OxaXmlReader::OxaXmlReader(mesh3D::Material* material)
 }
 
 OxaXmlReader::~OxaXmlReader() {
+    // A parse that failed inside a property leaves it unlisted.
+    delete currentProperty;
     surfacesByID.clear();
     DeleteOXAResult(result);
 }
