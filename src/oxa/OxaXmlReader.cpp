@@ -3,6 +3,7 @@
 #include "basic/Exception.h"
 #include "basic/MessageService.h"
 #include "basic/color.h"
+#include "basic/numeric.h"
 #include "basic/text.h"
 #include "geometry/OBB.h"
 #include "geometry/OBB2D.h"
@@ -568,7 +569,8 @@ void OxaXmlReader::EndObject3D() {
     if (currentSurface) {
         currentSurface->update_boundingbox();
         currentSurface->update_normals();
-        currentSurface->update_edges(45.0);
+        // Edges sharper than 45 degrees, as the container's own pass finds them.
+        currentSurface->update_edges(basic::to_radians(45.0));
     }
     currentMappingCoordinates = nullptr;
     currentSurface = nullptr;

@@ -220,6 +220,8 @@ void tst_OxaXmlReader::sectionUnitScalesGeometryAndBoxes() {
     mesh3D::Object3D* a = model.Object("A");
     QCOMPARE(TriangleCount(a), 12);
     QCOMPARE(a->vertices().count(), 8);
+    // A finished surface knows the edges to draw: the box's twelve, not the sides' diagonals.
+    QCOMPARE(a->count_edges(), 12L);
     // The data section comes after the container: the container's unit no longer applies.
     QCOMPARE(a->getBoundingbox().xmax, 2.0);
     QCOMPARE(a->getBoundingbox().zmax, 2.0);
