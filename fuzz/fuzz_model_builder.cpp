@@ -21,13 +21,19 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     {
         oxa::OxaXmlReader reader(&system);
         QString error;
+        oxaIO::OxaObjects* first = nullptr;
         try {
-            // Twice, so that the second read meets every identifier of the first.
+            // Twice, so that the second read meets every identifier of the first, and whatever
+            // state a failed first parse left.
             reader.ReadOxaXmlFragment(text, &error);
-            oxa::OxaXmlReader::DeleteOXAResult(reader.GetOXAResult());
+            first = reader.GetOXAResult();
             reader.ReadOxaXmlFragment(text, &error);
         } catch (const basic::Exception&) {
         }
+        // The reader's own result first: its objects may have merged into the first result's
+        // containers.
+        oxa::OxaXmlReader::DeleteOXAResult(reader.GetOXAResult());
+        oxa::OxaXmlReader::DeleteOXAResult(first);
     }
     mesh3D::Material::DeleteGlobalMaterials(&system);
     oxa::OxaExamineContainer::DeleteInstance();

@@ -273,6 +273,37 @@ int OxaXmlReader::_resolveProperties() {
 
 // Document and sections
 
+void OxaXmlReader::StartDocument() {
+    OxaReader::StartDocument();
+    currentSection = nullptr;
+    currentSurface = nullptr;
+    currentFace = nullptr;
+    currentSolid = nullptr;
+    currentContainer = nullptr;
+    if (!materialFragment)
+        currentMaterial = nullptr;
+    materialsByID.clear();
+    containerStack.clear();
+    scaleStack.clear();
+    unitStack.clear();
+    points.clear();
+    keptNumbers.clear();
+    currentTriangle = nullptr;
+    currentPolyline = nullptr;
+    currentMappingCoordinates = nullptr;
+    delete currentProperty;
+    currentProperty = nullptr;
+    currentViewContainer = nullptr;
+    currentView = nullptr;
+    currentLight = nullptr;
+    inTessellation = false;
+    currentSet = nullptr;
+    skippedContainers = 0;
+    skippedObjects = 0;
+    skippedMaterials = 0;
+    examineData = nullptr;
+}
+
 void OxaXmlReader::StartOxaDocument(wstring projectId, wstring sourceApp, wstring, wstring sourceFormat,
                                     wstring, wstring createdBy, wstring, wstring, wstring) {
     EmitProgress();
@@ -1036,6 +1067,8 @@ void OxaXmlReader::StartObjectSet(wstring id, wstring name, wstring contentType)
     auto* set = new ObjectSet(Q(id), Q(name));
     set->ContentType(contentType);
     currentSet = set;
+    // The section keeps one set per identifier and the later one stands; the sets are ours.
+    delete currentSection->SetSection().FindSet(id);
     currentSection->SetSection().AddSet(set);
 }
 

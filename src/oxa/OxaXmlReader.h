@@ -127,6 +127,9 @@ public:
 
     using wstring = std::wstring;
 
+    /// Forgets where a previous parse stood: one that failed half way leaves open containers,
+    /// objects and views behind, and the next document must not build into them.
+    void StartDocument() override;
     void StartOxaDocument(wstring projectId, wstring sourceApp, wstring sourceFileName, wstring sourceFormat,
                           wstring created, wstring createdBy, wstring changedBy, wstring changed,
                           wstring version) override;

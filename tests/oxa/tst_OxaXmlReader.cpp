@@ -629,6 +629,17 @@ void tst_OxaXmlReader::malformedDocumentKeepsWhatWasRead() {
 
     QVERIFY(!model.Read(dir.filePath("no-such-file.oxaxml"), &error));
     QVERIFY(!error.isEmpty());
+
+    // A document cut off inside a container: the next one does not build into it.
+    QVERIFY(!model.Read(write(
+        "cut.oxaxml",
+        R"(<objects><objectSection unit="m"><container ID="OPEN" name="o"><object3D ID="X" name="x"/>)")));
+    oxaIO::OxaObjects* next =
+        model.Read(write("next.oxaxml", Document(R"(<container ID="NEXT" name="n"/>)")));
+    QVERIFY(next);
+    QCOMPARE(int(next->ObjectSection().GetContainers().size()), 1);
+    QCOMPARE(model.Container("NEXT")->Parent(), static_cast<mesh3D::Container*>(nullptr));
+    QCOMPARE(model.Container("OPEN")->children().size(), 1);
 }
 
 void tst_OxaXmlReader::objectOutsideAContainerThrows() {
