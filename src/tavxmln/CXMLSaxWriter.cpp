@@ -161,9 +161,18 @@ void CXMLSaxWriter::_OpenStartTag(const wchar_t* name) {
 void CXMLSaxWriter::_BeginAttribute(const wchar_t* name) {
     if (!startTagOpen)
         _Misuse(L"StartElement: an attribute outside a start tag");
-    _AppendRaw(" ", 1);
-    // Names are the caller's own; like text they never hold markup.
-    _AppendEscaped(name, false);
+    // Names are the caller's own; like text they never hold markup. They are nearly always
+    // short plain ASCII, copied here as they are; whatever follows goes through the escapes.
+    constexpr std::ptrdiff_t plainName = 32;
+    _Reserve(plainName + 1);
+    char* out = fill;
+    *out++ = ' ';
+    const wchar_t* c = name;
+    for (; *c && c - name < plainName && *c < 0x80 && !textEscapes.text[*c]; ++c)
+        *out++ = char(*c);
+    fill = out;
+    if (*c)
+        _AppendEscaped(c, false);
     _AppendRaw("=\"", 2);
 }
 
