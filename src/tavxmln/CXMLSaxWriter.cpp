@@ -53,6 +53,11 @@ char* FormatNumber(char* out, double value) {
     return XMLFormatDouble(out, value);
 }
 
+/// Also for a wide character type that is signed.
+bool IsAscii(wchar_t c) {
+    return std::uint32_t(c) < 0x80;
+}
+
 bool IsXmlCharacter(char32_t c) {
     return (c >= 0x20 && c < 0xD800) || (c >= 0xE000 && c < 0xFFFE) || (c >= 0x10000 && c <= 0x10FFFF);
 }
@@ -168,7 +173,7 @@ void CXMLSaxWriter::_BeginAttribute(const wchar_t* name) {
     char* out = fill;
     *out++ = ' ';
     const wchar_t* c = name;
-    for (; *c && c - name < plainName && *c < 0x80 && !textEscapes.text[*c]; ++c)
+    for (; *c && c - name < plainName && IsAscii(*c) && !textEscapes.text[*c]; ++c)
         *out++ = char(*c);
     fill = out;
     if (*c)
@@ -306,7 +311,7 @@ void CXMLSaxWriter::_AppendRawInBlocks(const char* text, std::size_t length) {
 
 void CXMLSaxWriter::_Encode(const wchar_t* name, std::string& utf8) {
     for (; name && *name; ++name) {
-        if (*name < 0x80) {
+        if (IsAscii(*name)) {
             utf8 += char(*name);
             continue;
         }
@@ -325,7 +330,7 @@ void CXMLSaxWriter::_AppendEscaped(const wchar_t* text, bool attribute) {
         char* const stop = limit - maxCharBytes;
         for (; *c && out <= stop; ++c) {
             const wchar_t ch = *c;
-            if (ch < 0x80) {
+            if (IsAscii(ch)) {
                 if (const char* escape = escapes.text[ch]) {
                     const std::size_t length = std::strlen(escape);
                     std::memcpy(out, escape, length);
