@@ -71,13 +71,11 @@ oxaIO::VColor4 LightColor(int r, int g, int b) {
 
 } // namespace
 
-OxaXmlReader::OxaXmlReader(model::System* system, int)
+OxaXmlReader::OxaXmlReader(model::System* system)
     : result(new oxaIO::OxaObjects()), system(system), examineContainer(OxaExamineContainer::GetInstance()) {}
 
-OxaXmlReader::OxaXmlReader(model::System* system) : OxaXmlReader(system, 0) {}
-
 OxaXmlReader::OxaXmlReader(mesh3D::Surface* surface, basic::unit unit)
-    : OxaXmlReader(surface ? surface->system() : nullptr, 0) {
+    : OxaXmlReader(surface ? surface->system() : nullptr) {
     targetSurface = surface;
     currentUnit = unit;
     currentScale = basic::unit_scale(unit);
@@ -85,7 +83,7 @@ OxaXmlReader::OxaXmlReader(mesh3D::Surface* surface, basic::unit unit)
 }
 
 OxaXmlReader::OxaXmlReader(mesh3D::Material* material)
-    : OxaXmlReader(material ? material->system() : nullptr, 0) {
+    : OxaXmlReader(material ? material->system() : nullptr) {
     currentMaterial = material;
     materialFragment = true;
 }

@@ -273,8 +273,6 @@ public:
     void EndMsgInfo() override;
 
 private:
-    OxaXmlReader(model::System* system, int);
-
     /// Opens nearly every callback: throws the cancel exception once a running read is asked to
     /// stop, and otherwise reports progress once per thousand calls (process-wide) if the source
     /// moved on. True when it reported.
@@ -290,6 +288,8 @@ private:
 
     oxaIO::OxaSection* currentSection = nullptr;
     oxaIO::OxaObjects* result;
+    /// Objects to drop once a file is read, by the passes that close every read; no callback
+    /// fills them so far.
     QList<mesh3D::Surface*> surfacesToDelete;
     QList<QString> containersToDelete;
     unsigned lastOffset = 0;
