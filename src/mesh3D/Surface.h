@@ -117,6 +117,10 @@ public:
     /// True when every triangle has exactly three neighbours over its edges.
     bool is_closed_mesh();
 
+    /// What a construction simulation does with the object: 0 nothing, 1 it is demolished.
+    int SimulationType() const { return _simulation_type; }
+    void SimulationType(int type) { _simulation_type = type; }
+
     /// Of the vertices, the one farthest from the centre of the bounding box, and the unit
     /// direction from that centre to it. Updates the bounding box. False without vertices.
     bool get_reference_direction_and_point(vmp::Vector& direction, Vertex*& point);
@@ -163,6 +167,7 @@ private:
     triangle_edges** _edges = nullptr;
     int _edge_count = 0;
     Material* _material = nullptr;
+    int _simulation_type = 0;
 };
 
 } // namespace mesh3D

@@ -1,0 +1,66 @@
+#pragma once
+
+// A model read from a document: the system, the reader and its result, torn down in the order
+// the model needs (document with its tree and materials, then the system's shared materials,
+// then the system).
+
+#include "mesh3D/Container.h"
+#include "mesh3D/Material.h"
+#include "mesh3D/Object3D.h"
+#include "model/System.h"
+#include "oxa/OxaXmlReader.h"
+#include "oxaIO/OxaObjectSection.h"
+#include "oxaIO/OxaObjects.h"
+
+#include <QFile>
+#include <QString>
+
+#include <memory>
+
+namespace fixture {
+
+inline bool WriteFile(const QString& path, const QByteArray& bytes) {
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
+/// The text of a document: `objects` with an object section of `unit` holding `objectSection`,
+/// then `rest` (further sections).
+inline QByteArray Document(const QByteArray& objectSection, const QByteArray& rest = {},
+                           const QByteArray& unit = "m") {
+    return R"(<?xml version="1.0" encoding="UTF-8"?>
+<objects projectID="P-1" createdBy="tests" sourceApp="tst 1.0" sourceFormat="hand made" created="2024-06-01T12:00:00" oxaversion="1.5">
+<objectSection unit=")" +
+           unit + R"(" version="1.5">)" + objectSection + "</objectSection>" + rest + "</objects>";
+}
+
+struct Model {
+    model::System system{false};
+    std::unique_ptr<oxa::OxaXmlReader> reader{new oxa::OxaXmlReader(&system)};
+    /// Every result taken from the reader, deleted at the end.
+    QList<oxaIO::OxaObjects*> documents;
+
+    ~Model() {
+        for (oxaIO::OxaObjects* document : documents)
+            oxa::OxaXmlReader::DeleteOXAResult(document);
+        reader.reset();
+        mesh3D::Material::DeleteGlobalMaterials(&system);
+    }
+
+    /// Reads the file and takes the result; null when the read failed.
+    oxaIO::OxaObjects* Read(const QString& path, QString* error = nullptr) {
+        QString text;
+        const bool ok = reader->ReadOxaXmlFile(path, &text);
+        documents.append(reader->GetOXAResult());
+        if (error)
+            *error = text;
+        return ok ? documents.last() : nullptr;
+    }
+
+    template <typename T> T* Find(const QString& id) { return dynamic_cast<T*>(system.object(id)); }
+    mesh3D::Object3D* Object(const QString& id) { return Find<mesh3D::Object3D>(id); }
+    mesh3D::Container* Container(const QString& id) { return Find<mesh3D::Container>(id); }
+    mesh3D::Material* Material(const QString& id) { return Find<mesh3D::Material>(id); }
+};
+
+} // namespace fixture

@@ -1,0 +1,791 @@
+#include "ReaderFixture.h"
+
+#include "basic/Exception.h"
+#include "basic/MessageService.h"
+#include "geometry/OBB.h"
+#include "geometry/OBB2D.h"
+#include "geometry/Octree.h"
+#include "mesh3D/Face.h"
+#include "mesh3D/GenericObject.h"
+#include "mesh3D/Polygon.h"
+#include "mesh3D/Solid.h"
+#include "mesh3D/Triangle.h"
+#include "mesh3D/Vertex.h"
+#include "oxa/Camera.h"
+#include "oxa/HRef.h"
+#include "oxa/ObjectSet.h"
+#include "oxa/OxaExamineContainer.h"
+#include "oxa/OxaExamineData.h"
+#include "oxaIO/ExportContext.h"
+#include "oxaIO/OxaActivitySection.h"
+#include "oxaIO/OxaPropertySection.h"
+#include "oxaIO/OxaSetSection.h"
+#include "oxaIO/OxaTopologySection.h"
+#include "oxaIO/OxaVisualisationSection.h"
+
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <atomic>
+#include <thread>
+
+using fixture::Document;
+using fixture::Model;
+
+namespace {
+
+/// A box object `id` in a data3D: eight corners, each given three times under other numbers
+/// (so 24 points weld to 8 vertices), and twelve triangles over the first copies.
+QByteArray BoxData(const QByteArray& id, double size = 1.0) {
+    QByteArray xml = "<data3D refID=\"" + id + "\">";
+    int number = 0;
+    for (int copy = 0; copy < 3; ++copy)
+        for (int i = 0; i < 8; ++i)
+            xml += QString("<p nr=\"%1\" x=\"%2\" y=\"%3\" z=\"%4\"/>")
+                       .arg(number++)
+                       .arg((i & 1) * size)
+                       .arg(((i >> 1) & 1) * size)
+                       .arg(((i >> 2) & 1) * size)
+                       .toUtf8();
+    const int quads[6][4] = {{0, 2, 3, 1}, {4, 5, 7, 6}, {0, 1, 5, 4},
+                             {2, 6, 7, 3}, {0, 4, 6, 2}, {1, 3, 7, 5}};
+    for (const auto& q : quads)
+        xml += QString("<t p1=\"%1\" p2=\"%2\" p3=\"%3\"/><t p1=\"%1\" p2=\"%3\" p3=\"%4\"/>")
+                   .arg(q[0])
+                   .arg(q[1])
+                   .arg(q[2])
+                   .arg(q[3])
+                   .toUtf8();
+    return xml + "</data3D>";
+}
+
+QByteArray DataSection(const QByteArray& body) {
+    return "<objectDataSection version=\"1.5\">" + body + "</objectDataSection>";
+}
+
+int TriangleCount(mesh3D::Object3D* object) {
+    return object ? object->triangles().size() : -1;
+}
+
+} // namespace
+
+class tst_OxaXmlReader : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void cleanup();
+    void materials();
+    void unknownMaterialGivesTheEmptyMaterial();
+    void scaleFollowsSectionAndContainerUnits();
+    void sectionUnitScalesGeometryAndBoxes();
+    void containerClashes_data();
+    void containerClashes();
+    void refusedObjectAndMaterial();
+    void geometryPrimitives();
+    void data3DWithUnknownReferenceIsDropped();
+    void duplicatePointsAreRecorded();
+    void properties_data();
+    void properties();
+    void demolishedObjectsGetTheirSimulationType();
+    void topologyIsKept_data();
+    void topologyIsKept();
+    void viewsAndSets();
+    void headGoesToTheExportContext();
+    void resultIsHandedOverOnce();
+    void malformedDocumentKeepsWhatWasRead();
+    void objectOutsideAContainerThrows();
+    void fragments();
+    void progressIsThinned();
+    void cancelFromAnotherThread();
+
+private:
+    QString write(const QString& name, const QByteArray& xml);
+    QTemporaryDir dir;
+};
+
+void tst_OxaXmlReader::initTestCase() {
+    QVERIFY(dir.isValid());
+}
+
+void tst_OxaXmlReader::cleanup() {
+    oxa::OxaXmlReader::SetXmlReadMode(65535);
+    oxa::OxaExamineContainer::DeleteInstance();
+}
+
+QString tst_OxaXmlReader::write(const QString& name, const QByteArray& xml) {
+    const QString path = dir.filePath(name);
+    return fixture::WriteFile(path, xml) ? path : QString();
+}
+
+void tst_OxaXmlReader::materials() {
+    QVERIFY(fixture::WriteFile(dir.filePath("brick.jpg"), "jpeg"));
+    const QString path = write("materials.oxaxml", Document(R"(<materialSection version="1.4">
+<material ID="M1" name="Brick &amp; mortar"><diff r="170" g="74" b="68" a="1.0"/><spec r="20" g="30" b="40" a="0.5"/>
+<amb r="64" g="28" b="26" a="0.375"/><trans v="0.25"/><tex file="brick.jpg"/></material>
+<material ID="M2" name="No texture"><diff r="255" g="0" b="0"/><tex file="missing.jpg"/></material>
+</materialSection>)"));
+    Model model;
+    oxaIO::OxaObjects* document = model.Read(path);
+    QVERIFY(document);
+    QCOMPARE(int(document->ObjectSection().GetMaterials().size()), 2);
+
+    mesh3D::Material* m1 = model.Material("M1");
+    QVERIFY(m1);
+    QCOMPARE(m1->name(), QString("Brick & mortar"));
+    QCOMPARE(m1->diffuse().r, 170.0f / 255);
+    QCOMPARE(m1->diffuse().g, 74.0f / 255);
+    QCOMPARE(m1->diffuse().b, 68.0f / 255);
+    QCOMPARE(m1->diffuse().a, 1.0f);
+    QCOMPARE(m1->specular().b, 40.0f / 255);
+    QCOMPARE(m1->specular().a, 0.5f);
+    QCOMPARE(m1->ambient().r, 64.0f / 255);
+    QCOMPARE(m1->ambient().a, 0.375f);
+    QCOMPARE(m1->transparency(), 0.25);
+    QCOMPARE(m1->texture_filename(), QString("brick.jpg"));
+    // The folder of the document, a backslash and the file: the form projects store.
+    QCOMPARE(m1->texture_path(), dir.path() + "\\brick.jpg");
+
+    mesh3D::Material* m2 = model.Material("M2");
+    QVERIFY(m2);
+    QCOMPARE(m2->diffuse().r, 1.0f);
+    QCOMPARE(m2->diffuse().a, -1.0f); // a colour without alpha passes the reader's -1 on
+    QCOMPARE(m2->texture_filename(), QString("missing.jpg"));
+    QVERIFY(m2->texture_path().isEmpty());
+}
+
+void tst_OxaXmlReader::unknownMaterialGivesTheEmptyMaterial() {
+    const QString path =
+        write("unknown-material.oxaxml",
+              Document(R"(<materialSection version="1.4"><material ID="M1" name="m"/></materialSection>
+<container ID="C" name="c"><object3D ID="A" name="a" matID="M1"/><object3D ID="B" name="b" matID="NOPE"/>
+<object3D ID="N" name="n"/></container>)"));
+    Model model;
+    QVERIFY(model.Read(path));
+    QCOMPARE(model.Object("A")->material(), model.Material("M1"));
+    mesh3D::Material* dummy = mesh3D::Material::Dummy(&model.system);
+    QCOMPARE(model.Object("B")->material(), dummy);
+    QCOMPARE(model.Object("N")->material(), dummy);
+}
+
+void tst_OxaXmlReader::scaleFollowsSectionAndContainerUnits() {
+    // Geometry can only stand in data3D, after the object section; to see the scale while a
+    // container is open the callbacks are driven in the order a document would drive them.
+    Model model;
+    oxa::OxaXmlReader& reader = *model.reader;
+    reader.StartObjectSection(L"mm", L"1.5");
+    reader.StartContainer(L"OUTER", L"", L"", false);
+    reader.StartContainer(L"CM", L"", L"cm", false);
+    reader.StartObject3D(L"IN-CM", L"", L"", false, L"");
+    reader.Point(0, 100, 200, 300);
+    reader.EndObject3D();
+    reader.StartContainer(L"M", L"", L"m", false);
+    reader.StartObject3D(L"IN-M", L"", L"", false, L"");
+    reader.Point(0, 1, 2, 3);
+    reader.EndObject3D();
+    reader.EndContainer();
+    reader.StartObject3D(L"BACK-IN-CM", L"", L"", false, L"");
+    reader.Point(0, 100, 0, 0);
+    reader.EndObject3D();
+    reader.EndContainer();
+    reader.StartObject3D(L"IN-MM", L"", L"", false, L"");
+    reader.Point(0, 1000, 0, 0);
+    reader.EndObject3D();
+    reader.EndContainer();
+    reader.EndObjectSection();
+    model.documents.append(reader.GetOXAResult());
+
+    auto box = [&](const char* id) { return model.Object(id)->getBoundingbox(); };
+    QCOMPARE(box("IN-CM").xmax, 1.0);
+    QCOMPARE(box("IN-CM").zmax, 3.0);
+    QCOMPARE(box("IN-M").ymax, 2.0);
+    QCOMPARE(box("BACK-IN-CM").xmax, 1.0);
+    QCOMPARE(box("IN-MM").xmax, 1.0);
+}
+
+void tst_OxaXmlReader::sectionUnitScalesGeometryAndBoxes() {
+    const QString path =
+        write("mm.oxaxml",
+              Document(R"(<container ID="C" name="c" unit="km"><object3D ID="A" name="a"/></container>)",
+                       DataSection(
+                           BoxData("A", 2000.0)
+                               .replace("</data3D>",
+                                        R"(<optOBB ref="1000 0 0" vx="2000 0 0" vy="0 2000 0" vz="0 0 4000"/>
+<optOBBxy ref="0 500 7" vx="10 0" vy="0 20" h="99"/></data3D>)")),
+                       "mm"));
+    Model model;
+    oxaIO::OxaObjects* document = model.Read(path);
+    QVERIFY(document);
+    QCOMPARE(document->ObjectSection().Unit(), std::wstring(L"mm"));
+    mesh3D::Object3D* a = model.Object("A");
+    QCOMPARE(TriangleCount(a), 12);
+    QCOMPARE(a->vertices().count(), 8);
+    // A finished surface knows the edges to draw: the box's twelve, not the sides' diagonals.
+    QCOMPARE(a->count_edges(), 12L);
+    // The data section comes after the container: the container's unit no longer applies.
+    QCOMPARE(a->getBoundingbox().xmax, 2.0);
+    QCOMPARE(a->getBoundingbox().zmax, 2.0);
+    QVERIFY(a->OptOBB());
+    QCOMPARE(a->OptOBB()->origin()[0], 1.0);
+    QCOMPARE(a->OptOBB()->axis(2)[2], 4.0);
+    QVERIFY(a->OOBBxy());
+    QCOMPARE(a->OOBBxy()->origin()[1], 0.5);
+    QCOMPARE(a->OOBBxy()->axis(0)[0], 0.01);
+    QCOMPARE(a->OOBBxy()->axis(0)[2], 0.0);
+    QCOMPARE(a->OOBBxy()->axis(1)[1], 0.02);
+}
+
+void tst_OxaXmlReader::containerClashes_data() {
+    QTest::addColumn<QByteArray>("second");
+    QTest::addColumn<QStringList>("childrenOfC");
+    QTest::addColumn<QStringList>("absent");
+    QTest::addColumn<int>("rootsOfSecond");
+
+    const QByteArray after =
+        R"(<container ID="AFTER" name="after"><object3D ID="AFTER-X" name="x"/></container>)";
+    QTest::newRow("plain container merges")
+        << QByteArray(R"(<container ID="C" name="again" unit="km"><object3D ID="B" name="b"/>
+<container ID="C-SUB" name="sub"/></container>)") +
+               after
+        << QStringList{"A", "B", "C-SUB"} << QStringList{} << 1;
+    QTest::newRow("composite is skipped with its subtree")
+        << QByteArray(R"(<container ID="C" name="again" composite="true"><object3D ID="B" name="b"/>
+<container ID="C-SUB" name="sub"><object3D ID="C-SUB-X" name="x"/><genericObject ID="G" name="g"/></container></container>)") +
+               after
+        << QStringList{"A"} << QStringList{"B", "C-SUB", "C-SUB-X", "G"} << 1;
+    QTest::newRow("container named like a surface is skipped")
+        << QByteArray(R"(<container ID="A" name="like the object"><object3D ID="B" name="b"/></container>)") +
+               after
+        << QStringList{"A"} << QStringList{"B"} << 1;
+}
+
+void tst_OxaXmlReader::containerClashes() {
+    QFETCH(QByteArray, second);
+    QFETCH(QStringList, childrenOfC);
+    QFETCH(QStringList, absent);
+    QFETCH(int, rootsOfSecond);
+
+    Model model;
+    QVERIFY(model.Read(write(
+        "first.oxaxml", Document(R"(<container ID="C" name="c"><object3D ID="A" name="a"/></container>)"))));
+    oxaIO::OxaObjects* document = model.Read(write("second.oxaxml", Document(second)));
+    QVERIFY(document);
+
+    mesh3D::Container* c = model.Container("C");
+    QCOMPARE(c->name(), QString("c"));
+    QStringList children;
+    for (mesh3D::Element* child : c->children())
+        children << child->id();
+    QCOMPARE(children, childrenOfC);
+    for (const QString& id : absent)
+        QVERIFY2(!model.system.object(id), qPrintable(id));
+    // The present container is not listed again; what follows the clash is read normally.
+    QCOMPARE(int(document->ObjectSection().GetContainers().size()), rootsOfSecond);
+    QVERIFY(model.Object("AFTER-X"));
+    QCOMPARE(model.Object("AFTER-X")->Parent(), model.Container("AFTER"));
+}
+
+void tst_OxaXmlReader::refusedObjectAndMaterial() {
+    Model model;
+    QVERIFY(model.Read(write(
+        "first.oxaxml",
+        Document(
+            R"(<materialSection version="1.4"><material ID="M" name="first"><diff r="255" g="0" b="0" a="1.0"/></material></materialSection>
+<container ID="C" name="c"><object3D ID="A" name="first a" matID="M"/></container>)",
+            DataSection(BoxData("A"))))));
+    // A second reader over the same system: the identifiers are taken, but its own table of
+    // surfaces does not know A, so the second document's geometry for A goes nowhere.
+    oxa::OxaXmlReader second(&model.system);
+    QString error;
+    QVERIFY(second.ReadOxaXmlFile(
+        write(
+            "second.oxaxml",
+            Document(
+                R"(<materialSection version="1.4"><material ID="M" name="second"><diff r="0" g="255" b="0" a="1.0"/></material></materialSection>
+<container ID="D" name="d"><object3D ID="A" name="second a"/><object3D ID="B" name="b" matID="M"/></container>)",
+                DataSection(BoxData("A", 5.0) + BoxData("B")))),
+        &error));
+    model.documents.append(second.GetOXAResult());
+    oxaIO::OxaObjects* document = model.documents.last();
+
+    mesh3D::Material* m = model.Material("M");
+    QCOMPARE(m->name(), QString("first"));
+    QCOMPARE(m->diffuse().r, 1.0f);
+    QCOMPARE(m->diffuse().g, 0.0f);
+    QVERIFY(document->ObjectSection().GetMaterials().empty());
+    // The object of the new document names the present material.
+    QCOMPARE(model.Object("B")->material(), m);
+    QCOMPARE(TriangleCount(model.Object("B")), 12);
+
+    mesh3D::Object3D* a = model.Object("A");
+    QCOMPARE(a->name(), QString("first a"));
+    QCOMPARE(a->Parent(), model.Container("C"));
+    QCOMPARE(TriangleCount(a), 12);
+    QCOMPARE(a->getBoundingbox().xmax, 1.0);
+    QStringList children;
+    for (mesh3D::Element* child : model.Container("D")->children())
+        children << child->id();
+    QCOMPARE(children, QStringList{"B"});
+}
+
+void tst_OxaXmlReader::geometryPrimitives() {
+    const QString path = write(
+        "primitives.oxaxml",
+        Document(
+            R"(<container ID="C" name="c"><object3D ID="A" name="a" negative="true" refID="W"/></container>)",
+            DataSection(R"(<data3D refID="A">
+<p nr="1" x="0" y="0" z="0"/><p nr="2" x="1" y="0" z="0"/><p nr="3" x="1" y="1" z="0"/><p nr="4" x="0" y="1" z="0"/>
+<t p1="1" p2="2" p3="3"><tex coords="0 0 1 0 1 1"/></t>
+<t p1="1" p2="3" p3="99"/>
+<pl points="1 2 3 4 1" thickness="0.25" type="Polygon"><tess><t p1="1" p2="2" p3="3"/><t p1="1" p2="3" p3="4"/></tess></pl>
+<pl points="1 77 3" type="Chain"/>
+<pl points="1 77"/>
+<pl points="1"/>
+<solid><face shape="Planar"><t p1="1" p2="3" p3="4"/></face><face/></solid>
+<face><pl points="1 2 3"/></face>
+</data3D>)")));
+    Model model;
+    QVERIFY(model.Read(path));
+    mesh3D::Object3D* a = model.Object("A");
+    QVERIFY(a->Negative());
+    QCOMPARE(a->qRefID(), QString("W"));
+    // The triangle naming point 99 is dropped; the face's triangle is a surface triangle too.
+    QCOMPARE(a->triangles().size(), 2);
+    QVERIFY(a->triangles()[0]->IsRootGeometry());
+    QVERIFY(!a->triangles()[1]->IsRootGeometry());
+    QCOMPARE(a->polygons().size(), 3);
+    mesh3D::Polygon* polygon = a->polygons()[0];
+    QCOMPARE(polygon->count_points(), 5);
+    QCOMPARE(polygon->Thickness(), 0.25);
+    QCOMPARE(polygon->Type(), oxaIO::plPolygon);
+    QCOMPARE(polygon->Tessellation().size(), 2);
+    mesh3D::Polygon* chain = a->polygons()[1];
+    QCOMPARE(chain->Type(), oxaIO::plChain);
+    // An unknown number is left out; a polyline with fewer than two known points is not made.
+    QCOMPARE(chain->count_points(), 2);
+    QCOMPARE(chain->vertex(1)->y(), 1.0);
+    QCOMPARE(a->solids().size(), 1);
+    QCOMPARE(a->solids()[0]->faces().size(), 2);
+    QCOMPARE(a->solids()[0]->faces()[0]->Shape(), oxaIO::fsPlanar);
+    QCOMPARE(a->faces().size(), 1);
+    QCOMPARE(a->faces()[0]->polygons().size(), 1);
+    const QVector<model::mapCoordsType>* mapping = a->mapping_coordinates_if_any();
+    QVERIFY(mapping);
+    QCOMPARE(mapping->size(), 3);
+    QCOMPARE(mapping->at(1).u, 1.0);
+    QCOMPARE(mapping->at(2).v, 1.0);
+    // The surface is finished: normals are there.
+    QCOMPARE(a->triangles()[0]->normal().z, 1.0);
+}
+
+void tst_OxaXmlReader::data3DWithUnknownReferenceIsDropped() {
+    const QString path = write(
+        "orphan.oxaxml", Document(R"(<container ID="C" name="c"><object3D ID="A" name="a"/></container>)",
+                                  DataSection(BoxData("NOBODY") + BoxData("A"))));
+    Model model;
+    QVERIFY(model.Read(path));
+    QCOMPARE(TriangleCount(model.Object("A")), 12);
+    QVERIFY(!model.system.object("NOBODY"));
+    QVERIFY(!oxa::OxaExamineContainer::GetInstance()->FindObjectExamineDataFromRealID("NOBODY"));
+}
+
+void tst_OxaXmlReader::duplicatePointsAreRecorded() {
+    const QString path = write(
+        "duplicates.oxaxml", Document(R"(<container ID="C" name="c"><object3D ID="A" name="a"/></container>)",
+                                      DataSection(BoxData("A"))));
+    Model model;
+    QVERIFY(model.Read(path));
+    oxa::OxaExamineData* record =
+        oxa::OxaExamineContainer::GetInstance()->FindObjectExamineDataFromRealID("A");
+    QVERIFY(record);
+    QCOMPARE(record->MappedID(), QString("A"));
+    // Each corner came three times: the kept number, then the two that merged into it.
+    QCOMPARE(record->KeptPoints(), (QList<int>{0, 1, 2, 3, 4, 5, 6, 7}));
+    QCOMPARE(record->CountDuplicatePoints(), 16);
+    for (int corner = 0; corner < 8; ++corner) {
+        const QList<int> numbers{corner, corner + 8, corner + 16};
+        QCOMPARE(record->DuplicatePoints(corner), numbers);
+        // One of the three numbers stays with the kept vertex, and leads back to it.
+        mesh3D::Vertex* vertex = nullptr;
+        for (int number : numbers)
+            if (mesh3D::Vertex* found = record->FindPoint(number))
+                vertex = found;
+        QVERIFY(vertex);
+        QCOMPARE(vertex->x(), double(corner & 1));
+        QCOMPARE(vertex->z(), double((corner >> 2) & 1));
+        QVERIFY(numbers.contains(record->FindPoint(vertex)));
+        QCOMPARE(record->FindPoint(record->FindPoint(vertex)), vertex);
+    }
+    QCOMPARE(record->FindPoint(999), static_cast<mesh3D::Vertex*>(nullptr));
+}
+
+void tst_OxaXmlReader::properties_data() {
+    QTest::addColumn<bool>("propertiesOn");
+    QTest::newRow("read") << true;
+    QTest::newRow("switched off") << false;
+}
+
+void tst_OxaXmlReader::properties() {
+    QFETCH(bool, propertiesOn);
+    if (!propertiesOn)
+        oxa::OxaXmlReader::UnsetXmlReadMode(4);
+    QCOMPARE(oxa::OxaXmlReader::XmlReadMode() & 4, propertiesOn ? 4 : 0);
+    const QString path = write("properties.oxaxml", R"(<objects>
+<IDMapping version="1.4"><ID k="7" v="REAL-A"/><ID k="8" v="REAL-B"/></IDMapping>
+<objectSection unit="m" version="1.5"><container ID="7" name="c"/>
+<propertySection version="1.5">
+<property refID="7" name="Host" datatype="xs:IDREF">8</property>
+<property refID="7" name="Code" datatype="xs:string" unit="m">8</property>
+<property refID="7" name="Comment"><val>first</val><val>second</val></property>
+<property refID="7" name="Hosts" datatype="xs:IDREF"><val>7</val><val>8</val></property>
+</propertySection></objectSection>
+<activitySection version="1.4"><propertySection version="1.5"><property refID="ACT" name="Crew">A</property></propertySection></activitySection>
+</objects>)");
+    Model model;
+    oxaIO::OxaObjects* document = model.Read(path);
+    QVERIFY(document);
+    QVERIFY(model.Container("REAL-A"));
+    const auto& objectProperties = document->ObjectSection().PropertySection().GetProperties();
+    const auto& activityProperties = document->ActivitySection().PropertySection().GetProperties();
+    if (!propertiesOn) {
+        QVERIFY(objectProperties.empty());
+        QVERIFY(activityProperties.empty());
+        return;
+    }
+    QCOMPARE(int(objectProperties.size()), 4);
+    QStringList seen;
+    for (const oxaIO::VOxaPropertyType* property : objectProperties)
+        seen << QString::fromStdWString(property->refID + L"/" + property->name + L"/" + property->datatype +
+                                        L"/" + property->value + L"/" + property->unit);
+    QCOMPARE(seen,
+             (QStringList{"REAL-A/Host/xs:IDREF/REAL-B/", "REAL-A/Code/xs:string/8/m",
+                          "REAL-A/Comment//first | second/", "REAL-A/Hosts/xs:IDREF/REAL-A | REAL-B/"}));
+    QCOMPARE(int(activityProperties.size()), 1);
+    QCOMPARE(activityProperties.front()->value, std::wstring(L"A"));
+}
+
+void tst_OxaXmlReader::demolishedObjectsGetTheirSimulationType() {
+    const QString path = write(
+        "demolish.oxaxml",
+        Document(
+            R"(<container ID="C" name="c"><object3D ID="A" name="a"/><object3D ID="B" name="b"/></container>
+<propertySection version="1.5"><property refID="A" name="oxaSimulationType">Demolish</property>
+<property refID="B" name="oxaSimulationType">Keep</property><property refID="C" name="oxaSimulationType">Demolish</property></propertySection>)"));
+    Model model;
+    QVERIFY(model.Read(path));
+    QCOMPARE(model.Object("A")->SimulationType(), 1);
+    QCOMPARE(model.Object("B")->SimulationType(), 0);
+}
+
+void tst_OxaXmlReader::topologyIsKept_data() {
+    QTest::addColumn<bool>("hRefsOn");
+    QTest::newRow("height references read") << true;
+    QTest::newRow("height references switched off") << false;
+}
+
+void tst_OxaXmlReader::topologyIsKept() {
+    QFETCH(bool, hRefsOn);
+    if (!hRefsOn)
+        oxa::OxaXmlReader::UnsetXmlReadMode(8);
+    const QString path = write("topology.oxaxml", Document("", R"(<topologySection version="1.3">
+<contacts eps="0.001" unit="m"><contact L="A" R="B"/><contact L="A" R="C"/></contacts>
+<contacts eps="1.0" unit="mm" sym="false"><contact L="B" R="C"/></contacts>
+<intersections eps="0.0" unit="m"><isect L="X" R="Y"/></intersections>
+<hRefs unit="m"><hRef ID="L0" z="0.25"/><hRef ID="L1" z="3.45"/><hRef ID="" z="9"/>
+<hRefRel refID="A" hRefL="L0" hRefU="L1"/><hRefRel refID="" hRefL="L0" hRefU="L1"/></hRefs>
+</topologySection>)"));
+    Model model;
+    oxaIO::OxaObjects* document = model.Read(path);
+    QVERIFY(document);
+    const oxaIO::OxaTopologySection& topology = document->TopologySection();
+    QCOMPARE(int(topology.GetContacts().size()), 1); // 1 mm is the same tolerance as 0.001 m
+    const oxaIO::ContactList* contacts = topology.GetContacts().front();
+    QCOMPARE(int(contacts->GetContactRelations().size()), 3);
+    QCOMPARE(contacts->GetContactRelations().back().left, std::wstring(L"B"));
+    QVERIFY(contacts->Sym());
+    QCOMPARE(int(topology.GetIntersections().size()), 1);
+    QCOMPARE(topology.GetIntersections().front()->GetIntersectionRelations().front().right,
+             std::wstring(L"Y"));
+    if (!hRefsOn) {
+        QVERIFY(topology.GetHRefDefinitions().empty());
+        QVERIFY(topology.GetHRefRelations().empty());
+        QVERIFY(topology.HRefsUnit().empty());
+        return;
+    }
+    QCOMPARE(topology.HRefsUnit(), std::wstring(L"m"));
+    QCOMPARE(int(topology.GetHRefDefinitions().size()), 2);
+    QCOMPARE(topology.GetHRefDefinitions().back()->ID(), std::wstring(L"L1"));
+    QCOMPARE(topology.GetHRefDefinitions().back()->ZValue(), 3.45);
+    QVERIFY(topology.GetHRefDefinitions().back()->Name().empty());
+    QVERIFY(dynamic_cast<oxa::HRef*>(model.system.object("L0")));
+    QCOMPARE(int(topology.GetHRefRelations().size()), 1);
+    QCOMPARE(topology.GetHRefRelations().front().hRefU, std::wstring(L"L1"));
+    QCOMPARE(topology.GetHRefRelations().front().hRefL, std::wstring(L"L0"));
+}
+
+void tst_OxaXmlReader::viewsAndSets() {
+    const QString path = write(
+        "views.oxaxml",
+        Document(
+            R"(<container ID="C" name="c"><object3D ID="A" name="a"/><container ID="D" name="d"/></container>)",
+            R"(<visualisationSection version="1.4"><viewContainer ID="VC" name="Views">
+<view ID="V1" name="Persp" current="true">
+<camera eye="1 2 3" lookat="4 5 6" up="0 0 1" nearPlane="0.1" farPlane="100" viewAngle="45" aspectRatio="1.5" projType="perspective"/>
+<light nr="2" name="Sun" off="true"><diff r="255" g="0" b="0" a="1.0"/><spec r="0" g="255" b="0" a="1.0"/><amb r="0" g="0" b="255" a="1.0"/><spot pos="1 1 1" dir="0 0 -1" cutoff="30"/></light>
+<light nr="3" name="Fill" off="false"><directional dir="0 1 0"/></light>
+<clpPlane n="0 0 -1" d="3.2" off="true"/><bgColor r="255" g="0" b="51" a="1.0"/></view>
+<view ID="V2" name="Plan" current="false" thumbnail="plan.png">
+<camera eye="0 0 50" lookat="0 0 0" up="0 1 0" nearPlane="1" farPlane="500" viewAngle="30" aspectRatio="1.25" projType="orthographic" expOrthoWidth="20" expOrthoHeight="17" orthoWidth="22.5" orthoHeight="19" savedEye="1 2 3" savedLookat="4 5 6"/>
+</view></viewContainer></visualisationSection>
+<activitySection version="1.4"><setSection version="1.4"><set ID="S1" name="Walls" ctype="Object3D">A D NOBODY</set></setSection></activitySection>)"));
+    Model model;
+    oxaIO::OxaObjects* document = model.Read(path);
+    QVERIFY(document);
+    const auto& containers = document->VisualisationSection().ViewContainers();
+    QCOMPARE(int(containers.size()), 1);
+    QCOMPARE(containers.front()->Name(), std::wstring(L"Views"));
+    const auto& views = containers.front()->Views();
+    QCOMPARE(int(views.size()), 2);
+    oxaIO::IView* persp = views.front();
+    QVERIFY(persp->IsCurrent());
+    QVERIFY(persp->HasBackground());
+    QCOMPARE(persp->BackgroundColor().g, 0.0f);
+    QCOMPARE(persp->BackgroundColor().b, 0.2f);
+    QCOMPARE(int(persp->Cameras().size()), 1);
+    QCOMPARE(persp->Cameras().front()->LookAt().y, 5.0);
+    QCOMPARE(persp->Cameras().front()->ProjectionType(), 0);
+    QCOMPARE(int(persp->Lights().size()), 2);
+    oxaIO::ILight* sun = persp->Lights().front();
+    QCOMPARE(sun->Number(), 2);
+    QVERIFY(sun->IsOff());
+    QCOMPARE(sun->Type(), 63);
+    QCOMPARE(sun->Cutoff(), 30.0);
+    QCOMPARE(sun->Direction().z, -1.0);
+    QCOMPARE(sun->Diffuse().r, 1.0f);
+    QCOMPARE(sun->Diffuse().a, 0.0f); // lights take no alpha
+    QCOMPARE(sun->Specular().g, 1.0f);
+    QCOMPARE(sun->Ambient().b, 1.0f);
+    QCOMPARE(persp->Lights().back()->Type(), 65);
+    QCOMPARE(int(persp->ClippingPlanes().size()), 1);
+    QCOMPARE(persp->ClippingPlanes().front()->Distance(), 3.2);
+    QVERIFY(persp->ClippingPlanes().front()->IsOff());
+    oxaIO::IView* plan = views.back();
+    QVERIFY(!plan->HasBackground());
+    QCOMPARE(plan->ThumbnailFile(), std::wstring(L"plan.png"));
+    const oxaIO::ICamera* ortho = plan->Cameras().front();
+    QCOMPARE(ortho->ProjectionType(), 1);
+    QCOMPARE(ortho->OrthoWidth(), 22.5);
+    QCOMPARE(ortho->ExpOrthoHeight(), 17.0);
+    QCOMPARE(ortho->SavedLookAt().z, 6.0);
+
+    const std::list<oxaIO::ISet*> sets = document->ActivitySection().SetSection().SetList();
+    QCOMPARE(int(sets.size()), 1);
+    auto* set = dynamic_cast<oxa::ObjectSet*>(sets.front());
+    QVERIFY(set);
+    QCOMPARE(set->ContentType(), std::wstring(L"Object3D"));
+    QCOMPARE(int(set->ElementIDs().size()), 3);
+    QVERIFY(set->ElementList().empty());
+    QVERIFY(!set->ResolveIDs(&model.system)); // NOBODY stays open
+    QCOMPARE(int(set->ElementList().size()), 2);
+    QCOMPARE(set->ElementIDs().front(), std::wstring(L"NOBODY"));
+    QCOMPARE(int(set->ElementIDs().size()), 3);
+}
+
+void tst_OxaXmlReader::headGoesToTheExportContext() {
+    const QString path = write("head.oxaxml", Document(""));
+    Model model;
+    oxaIO::OxaObjects* document = model.Read(path);
+    QVERIFY(document);
+    QCOMPARE(document->Context().ProjectID(), std::wstring(L"P-1"));
+    QCOMPARE(document->Context().CreatedBy(), std::wstring(L"tests"));
+    QCOMPARE(document->Context().SourceApp(), std::wstring(L"tst 1.0"));
+    QCOMPARE(document->Context().SourceFormat(), std::wstring(L"hand made"));
+}
+
+void tst_OxaXmlReader::resultIsHandedOverOnce() {
+    const QString path = write("once.oxaxml", Document(R"(<container ID="C" name="c"/>)"));
+    Model model;
+    QVERIFY(model.reader->ReadOxaXmlFile(path, nullptr));
+    QVERIFY(!model.reader->IsReading());
+    model.documents.append(model.reader->GetOXAResult());
+    model.documents.append(model.reader->GetOXAResult());
+    QCOMPARE(int(model.documents[0]->ObjectSection().GetContainers().size()), 1);
+    QVERIFY(model.documents[1]->IsEmpty());
+    QVERIFY(model.documents[0] != model.documents[1]);
+}
+
+void tst_OxaXmlReader::malformedDocumentKeepsWhatWasRead() {
+    const QString path = write(
+        "broken.oxaxml", Document(R"(<container ID="C" name="c"><object3D ID="A" name="a"/></container>)",
+                                  DataSection(BoxData("A")) + "<unclosed>")
+                             .replace("</objects>", "</objectz>"));
+    Model model;
+    QString error;
+    QVERIFY(!model.Read(path, &error));
+    QVERIFY(!error.isEmpty());
+    QVERIFY(!model.reader->IsReading());
+    QCOMPARE(int(model.documents.last()->ObjectSection().GetContainers().size()), 1);
+    QCOMPARE(TriangleCount(model.Object("A")), 12);
+
+    QVERIFY(!model.Read(dir.filePath("no-such-file.oxaxml"), &error));
+    QVERIFY(!error.isEmpty());
+
+    // A document cut off inside a container: the next one does not build into it.
+    QVERIFY(!model.Read(write(
+        "cut.oxaxml",
+        R"(<objects><objectSection unit="m"><container ID="OPEN" name="o"><object3D ID="X" name="x"/>)")));
+    oxaIO::OxaObjects* next =
+        model.Read(write("next.oxaxml", Document(R"(<container ID="NEXT" name="n"/>)")));
+    QVERIFY(next);
+    QCOMPARE(int(next->ObjectSection().GetContainers().size()), 1);
+    QCOMPARE(model.Container("NEXT")->Parent(), static_cast<mesh3D::Container*>(nullptr));
+    QCOMPARE(model.Container("OPEN")->children().size(), 1);
+}
+
+void tst_OxaXmlReader::objectOutsideAContainerThrows() {
+#ifndef QT_NO_DEBUG
+    QSKIP("a debug build stops at the assertion before the exception");
+#endif
+    Model model;
+    oxa::OxaXmlReader& reader = *model.reader;
+    reader.StartObjectSection(L"m", L"1.5");
+    bool thrown = false;
+    try {
+        reader.StartObject3D(L"LOOSE", L"", L"", false, L"");
+    } catch (const basic::Exception& exception) {
+        thrown = exception.text() == "Object3D needs a parent object.";
+    }
+    QVERIFY(thrown);
+    QVERIFY(!model.system.object("LOOSE"));
+}
+
+void tst_OxaXmlReader::fragments() {
+    model::System system(false);
+    {
+        mesh3D::Container root(nullptr, &system, "ROOT", "root");
+        auto* surface = new mesh3D::Object3D(&root, "S", basic::unit_m, "s");
+        root.children().append(surface);
+        oxa::OxaXmlReader reader(surface, basic::unit_cm);
+        QString error;
+        QVERIFY(reader.ReadOxaXmlFragment(QString::fromUtf8(BoxData("ANY", 100.0)), &error));
+        QCOMPARE(surface->triangles().size(), 12);
+        QCOMPARE(surface->getBoundingbox().xmax, 1.0);
+        QVERIFY(!reader.ReadOxaXmlFragment("<data3D><p", &error));
+        QVERIFY(!error.isEmpty());
+
+        mesh3D::Material material(&system, "MAT", "mat");
+        oxa::OxaXmlReader materialReader(&material);
+        QVERIFY(materialReader.ReadOxaXmlFragment(
+            R"(<material ID="MAT" name="changed"><diff r="0" g="255" b="0" a="1.0"/><trans v="0.5"/></material>)",
+            &error));
+        QCOMPARE(material.diffuse().g, 1.0f);
+        QCOMPARE(material.transparency(), 0.5);
+        QCOMPARE(material.name(), QString("mat"));
+        oxaIO::OxaObjects* document = materialReader.GetOXAResult();
+        QVERIFY(document->ObjectSection().GetMaterials().empty());
+        oxa::OxaXmlReader::DeleteOXAResult(document);
+    }
+    mesh3D::Material::DeleteGlobalMaterials(&system);
+}
+
+void tst_OxaXmlReader::progressIsThinned() {
+    QByteArray data;
+    for (int i = 0; i < 40; ++i)
+        data += BoxData("A" + QByteArray::number(i));
+    QByteArray objects;
+    for (int i = 0; i < 40; ++i)
+        objects += "<object3D ID=\"A" + QByteArray::number(i) + "\" name=\"a\"/>";
+    const QString path =
+        write("progress.oxaxml",
+              Document("<container ID=\"C\" name=\"c\">" + objects + "</container>", DataSection(data)));
+    Model model;
+    basic::MessageService service;
+    QList<double> fractions;
+    connect(&service, &basic::MessageService::progress, [&](double fraction) { fractions << fraction; });
+    model.reader->MsgService(&service);
+    model.reader->SetMultiFileSize(int(QFileInfo(path).size()));
+    model.reader->SetMultiFileOffset(0);
+    QVERIFY(model.Read(path));
+    // 40 objects of 24 points and 12 triangles are some 1500 callbacks: one report per thousand.
+    QVERIFY(!fractions.isEmpty());
+    QVERIFY(fractions.size() <= 2);
+    for (double fraction : fractions)
+        QVERIFY(fraction > 0.0 && fraction <= 1.0);
+
+    model.reader->CancelReading();
+    QVERIFY(!model.reader->MsgService());
+    // A cancel while nothing is read does not stop the next file.
+    QVERIFY(model.Read(write("after-cancel.oxaxml", Document(R"(<container ID="AFTER" name="c"/>)"))));
+    QVERIFY(model.Container("AFTER"));
+}
+
+void tst_OxaXmlReader::cancelFromAnotherThread() {
+    const int objectCount = 3000;
+    QByteArray objects;
+    QByteArray data;
+    for (int i = 0; i < objectCount; ++i) {
+        const QByteArray id = "OBJ" + QByteArray::number(i);
+        objects += "<object3D ID=\"" + id + "\" name=\"o\"/>";
+        data += BoxData(id, 1.0 + i);
+    }
+    const QString path =
+        write("large.oxaxml",
+              Document("<container ID=\"C\" name=\"c\">" + objects + "</container>", DataSection(data)));
+    Model model;
+    basic::MessageService service;
+    model.reader->MsgService(&service);
+
+    // A report deep in the data section, on the reading thread, hands over to a second thread
+    // that cancels; the report waits for that, so the cancel surely lands in the middle of the
+    // read. The object section alone makes some six thousand callbacks, the data section about
+    // fifty per object, and there is one report per thousand callbacks.
+    std::atomic<int> reports{0};
+    std::atomic<bool> cancelled{false};
+    const int cancelAt = 50;
+    connect(
+        &service, &basic::MessageService::progress, &service,
+        [&](double) {
+            if (++reports != cancelAt)
+                return;
+            while (!cancelled.load())
+                std::this_thread::yield();
+        },
+        Qt::DirectConnection);
+    std::thread canceller([&] {
+        while (reports.load() < cancelAt)
+            std::this_thread::yield();
+        model.reader->CancelReading();
+        cancelled.store(true);
+    });
+    QString error;
+    const bool ok = model.reader->ReadOxaXmlFile(path, &error);
+    canceller.join();
+    model.documents.append(model.reader->GetOXAResult());
+
+    QVERIFY(ok);
+    QVERIFY(error.isEmpty());
+    QVERIFY(!model.reader->IsReading());
+    QCOMPARE(reports.load(), cancelAt); // nothing is reported after the cancel
+    mesh3D::Container* c = model.Container("C");
+    QVERIFY(c);
+    QCOMPARE(c->children().size(), objectCount); // the object section was read before
+    // In document order: complete objects, at most one cut in the middle, then empty ones.
+    int i = 0;
+    for (; i < objectCount && TriangleCount(model.Object(QString("OBJ%1").arg(i))) == 12; ++i) {
+        mesh3D::Object3D* object = model.Object(QString("OBJ%1").arg(i));
+        QCOMPARE(object->vertices().count(), 8);
+        QCOMPARE(object->getBoundingbox().zmax, 1.0 + i);
+        QCOMPARE(object->getBoundingbox().xmin, 0.0);
+        QVERIFY(object->edges());
+    }
+    const int complete = i;
+    QVERIFY(complete > 100);
+    QVERIFY(complete < objectCount / 2);
+    if (TriangleCount(model.Object(QString("OBJ%1").arg(i))) != 0)
+        ++i;
+    for (; i < objectCount; ++i)
+        QCOMPARE(TriangleCount(model.Object(QString("OBJ%1").arg(i))), 0);
+}
+
+QTEST_GUILESS_MAIN(tst_OxaXmlReader)
+#include "tst_OxaXmlReader.moc"
