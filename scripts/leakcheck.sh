@@ -13,4 +13,4 @@ export ASAN_OPTIONS=detect_leaks=1:abort_on_error=1
 export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
 export LSAN_OPTIONS=suppressions=$root/scripts/lsan.supp:print_suppressions=1
 cd "$build"
-"$build/tests/tst_oxa_ReadWriteRelease" -v1
+"$build/tests/tst_oxa_ReadWriteRelease"
