@@ -7,10 +7,14 @@
 #include "model/Repository.h"
 #include "model/RepositoryP.h"
 #include "model/System.h"
+#include "model/XmlHandler.h"
+#include "model/object_xml.h"
 #include "model/exceptions.h"
 
 #include <QRegExp>
 #include <QTextStream>
+#include <QXmlInputSource>
+#include <QXmlSimpleReader>
 
 #include <cstdio>
 
@@ -233,6 +237,29 @@ QString Object::object_to_xml() {
         }
     }
     return xml + QStringLiteral("</object>");
+}
+
+void Object::activate_from_xmldata(const QString& xml) {
+    XmlHandler handler(this);
+    QXmlInputSource source;
+    source.setData(xml);
+    QXmlSimpleReader reader;
+    reader.setContentHandler(&handler);
+    reader.parse(&source);
+    if (handler.failure())
+        std::rethrow_exception(handler.failure());
+    version(xml_object_version(xml));
+}
+
+Object* Object::xml_to_object(RepositoryP* repository, const QString& xml) {
+    auto* object = new Object(xml_object_id(xml), repository);
+    try {
+        object->activate_from_xmldata(xml);
+    } catch (...) {
+        delete object;
+        throw;
+    }
+    return object;
 }
 
 void Object::insert_property(Property* property) { insert_member(_properties, property); }
