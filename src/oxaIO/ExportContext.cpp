@@ -1,8 +1,8 @@
 #include "oxaIO/ExportContext.h"
 
-#include <QDateTime>
+#include "tavxmln/XMLConvert.h"
 
-#include <cwchar>
+#include <QDateTime>
 
 namespace oxaIO {
 
@@ -19,11 +19,8 @@ ExportContext::ExportContext() {
 }
 
 std::wstring ExportContext::CreatedTimeAsString() const {
-    wchar_t text[64];
-    std::swprintf(text, sizeof text / sizeof text[0], L"%04d-%02d-%02dT%02d:%02d:%02d", createdTime.year,
-                  createdTime.month, createdTime.day, createdTime.hour, createdTime.minute,
-                  createdTime.second);
-    return text;
+    return tavxmln::XMLConvertDateTime2Text(createdTime.year, createdTime.month, createdTime.day,
+                                            createdTime.hour, createdTime.minute, createdTime.second);
 }
 
 } // namespace oxaIO

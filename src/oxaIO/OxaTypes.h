@@ -121,23 +121,11 @@ enum ESectionType {
 
 /// The element name of a section type ("objectSection" ...), or null for `stNone` and for a
 /// value out of range.
-inline const wchar_t* SectionName(ESectionType type)
-{
-    static const wchar_t* const names[] = {nullptr,
-                                           L"objectSection",
-                                           L"objectDataSection",
-                                           L"propertySection",
-                                           L"topologySection",
-                                           L"fitSection",
-                                           L"unitSection",
-                                           L"currencySection",
-                                           L"visualisationSection",
-                                           L"materialSection",
-                                           L"bsSection",
-                                           L"setSection",
-                                           L"activitySection",
-                                           L"clashSection",
-                                           L"loggingSection"};
+inline const wchar_t* SectionName(ESectionType type) {
+    static const wchar_t* const names[] = {
+        nullptr,       L"objectSection", L"objectDataSection", L"propertySection",      L"topologySection",
+        L"fitSection", L"unitSection",   L"currencySection",   L"visualisationSection", L"materialSection",
+        L"bsSection",  L"setSection",    L"activitySection",   L"clashSection",         L"loggingSection"};
     const int index = static_cast<int>(type);
     return index > 0 && index <= stLoggingSection ? names[index] : nullptr;
 }

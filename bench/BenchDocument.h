@@ -1,0 +1,65 @@
+#pragma once
+
+// Shared by the reader benchmarks: finds or generates the benchmark document and times runs.
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <cstdio>
+#include <expat.h>
+#include <functional>
+
+namespace bench {
+
+/// The document to measure: the first argument, or a large building generated into `folder`
+/// by the project's document generator. Empty when neither is possible.
+inline QString benchmark_document(const QStringList& arguments, const QTemporaryDir& folder) {
+    if (arguments.size() > 1)
+        return arguments.at(1);
+    const QString generator = QString(ZENTRA_SOURCE_DIR) + "/../shared/tools/oxagen.py";
+    if (!QFileInfo::exists(generator) || !folder.isValid())
+        return QString();
+    const QString path = folder.filePath("large.oxaxml");
+    std::printf("generating %s ...\n", qPrintable(path));
+    std::fflush(stdout);
+    const int status =
+        QProcess::execute("python3", {generator, "-o", path, "--storeys", "40", "--rooms-per-storey", "80",
+                                      "--detail", "32", "--rotate", "--origin", "4512345.5,5412345.25"});
+    return status == 0 ? path : QString();
+}
+
+/// The best of `runs` timings of `work`, in seconds.
+inline double best_seconds(int runs, const std::function<void()>& work) {
+    double best = 1e300;
+    for (int i = 0; i < runs; ++i) {
+        QElapsedTimer timer;
+        timer.start();
+        work();
+        best = std::min(best, double(timer.nsecsElapsed()) * 1e-9);
+    }
+    return best;
+}
+
+/// Parses the file with expat and no handlers at all, in the same chunks as the library.
+inline void bare_expat_parse(const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return;
+    XML_Parser parser = XML_ParserCreate(nullptr);
+    for (;;) {
+        void* buffer = XML_GetBuffer(parser, 1 << 20);
+        const qint64 filled = file.read(static_cast<char*>(buffer), 1 << 20);
+        if (XML_ParseBuffer(parser, int(std::max<qint64>(filled, 0)), filled <= 0) == XML_STATUS_ERROR) {
+            std::printf("bare expat parse failed: %s\n", XML_ErrorString(XML_GetErrorCode(parser)));
+            break;
+        }
+        if (filled <= 0)
+            break;
+    }
+    XML_ParserFree(parser);
+}
+
+} // namespace bench

@@ -1,0 +1,65 @@
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QtTest>
+
+/// `zentra info` as a script would use it: the head of each document, errors and exit codes.
+class TestInfoCommand : public QObject {
+    Q_OBJECT
+
+    struct Result {
+        int code;
+        QString out;
+        QString err;
+    };
+
+    static Result run(const QStringList& arguments) {
+        QProcess process;
+        process.start(ZENTRA_CLI, QStringList{"info"} + arguments);
+        process.waitForFinished(60000);
+        return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
+                QString::fromUtf8(process.readAllStandardError())};
+    }
+
+    QTemporaryDir dir;
+
+    QString write(const QString& name, const QByteArray& xml) {
+        QFile file(dir.filePath(name));
+        file.open(QIODevice::WriteOnly);
+        file.write(xml);
+        return file.fileName();
+    }
+
+private slots:
+    void heads_and_failures() {
+        const QString good = write("good.oxaxml", R"(<objects projectID="PRJ-9" createdBy="me" sourceApp="app"
+            sourceFormat="fmt" created="2024-06-01T12:00:00" oxaversion="1.5"><content version="1.2">
+            <section name="objectSection"/><section name="unheardOf"/></content></objects>)");
+        const QString broken = write("broken.oxaxml", "<objects><content><section></content>");
+        const Result result = run({good, broken, dir.filePath("missing.oxaxml")});
+        QCOMPARE(result.code, 1);
+        QVERIFY(result.out.startsWith(good + "\n"));
+        QVERIFY(result.out.contains("project id:         PRJ-9\n"));
+        QVERIFY(result.out.contains("created:            2024-06-01T12:00:00\n"));
+        QVERIFY(result.out.contains("source application: app\n"));
+        QVERIFY(result.out.contains("sections:           objectSection; (unknown section)\n"));
+        QVERIFY2(result.err.contains(broken + ": mismatched tag at line 1"), qPrintable(result.err));
+        QVERIFY(result.err.contains("missing.oxaxml: cannot open the file"));
+        QVERIFY(!result.out.contains("broken.oxaxml"));
+    }
+
+    void all_good_exits_with_0() {
+        const Result result = run({write("empty.oxaxml", "<objects><content/></objects>")});
+        QCOMPARE(result.code, 0);
+        QVERIFY(result.out.contains("sections:           \n"));
+        QVERIFY(result.err.isEmpty());
+    }
+
+    void no_file_is_a_usage_error() {
+        const Result result = run({});
+        QCOMPARE(result.code, 2);
+        QVERIFY(result.err.contains("no document given"));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestInfoCommand)
+#include "tst_info_command.moc"

@@ -1,0 +1,152 @@
+#include "oxa/OxaInfoReader.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTemporaryDir>
+#include <QtTest>
+
+using oxa::OxaInfoReader;
+using namespace oxaIO;
+
+class tst_OxaInfoReader : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void heads_data();
+    void heads();
+    void stopsAtTheEndOfContent();
+    void sharedSamples_data();
+    void sharedSamples();
+
+private:
+    QString write(const QString& name, const QByteArray& xml);
+    QTemporaryDir dir;
+};
+
+void tst_OxaInfoReader::initTestCase() {
+    QVERIFY(dir.isValid());
+}
+
+QString tst_OxaInfoReader::write(const QString& name, const QByteArray& xml) {
+    const QString path = dir.filePath(name);
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(xml) != xml.size())
+        return QString();
+    return path;
+}
+
+void tst_OxaInfoReader::heads_data() {
+    QTest::addColumn<QByteArray>("xml");
+    QTest::addColumn<bool>("valid");
+    QTest::addColumn<QString>("projectId");
+    QTest::addColumn<QString>("created");
+    QTest::addColumn<QString>("sections");
+
+    QTest::newRow("full head") << QByteArray(R"(<?xml version="1.0" encoding="UTF-8"?>
+<objects projectID="PRJ-1" createdBy="architecture" sourceApp="app 1.0" sourceFormat="fmt" created="2024-06-01T12:00:00" oxaversion="1.5">
+  <content version="1.2"><section name="objectSection"/><section name="topologySection"/><section name="activitySection"/></content>
+</objects>)") << true << "PRJ-1"
+                               << "2024-06-01T12:00:00"
+                               << "objectSection; topologySection; activitySection";
+    QTest::newRow("empty content")
+        << QByteArray(R"(<objects projectID="P" created="not a date"><content/></objects>)") << true << "P"
+        << "not a date"
+        << "";
+    QTest::newRow("missing attributes stay empty")
+        << QByteArray(R"(<objects><content/></objects>)") << true << ""
+        << ""
+        << "";
+    QTest::newRow("malformed inside content")
+        << QByteArray(R"(<objects projectID="P"><content><section name="objectSection"></content></objects>)")
+        << false << "P"
+        << ""
+        << "objectSection";
+    QTest::newRow("truncated before the end of content")
+        << QByteArray(R"(<objects projectID="P" created="2024"><content><section name="fitSection"/>)")
+        << false << "P"
+        << "2024"
+        << "fitSection";
+    QTest::newRow("not xml") << QByteArray("3DS\x00\x01\x02", 6) << false << ""
+                             << ""
+                             << "";
+}
+
+void tst_OxaInfoReader::heads() {
+    QFETCH(QByteArray, xml);
+    QFETCH(bool, valid);
+    QFETCH(QString, projectId);
+    QFETCH(QString, created);
+    QFETCH(QString, sections);
+    const QString path = write(QTest::currentDataTag() + QString(".oxaxml"), xml);
+    QVERIFY(!path.isEmpty());
+    const OxaInfoReader reader(path);
+    QCOMPARE(reader.IsValid(), valid);
+    QCOMPARE(QString::fromStdWString(reader.GetProjectID()), projectId);
+    QCOMPARE(reader.GetCreated(), created);
+    QCOMPARE(reader.GetSections(), sections);
+    QCOMPARE(reader.ErrorText().isEmpty(), valid);
+    if (!valid)
+        QVERIFY2(reader.ErrorText().startsWith(path + ": "), qPrintable(reader.ErrorText()));
+    QCOMPARE(reader.HasSection(stObjectSection), sections.contains("objectSection"));
+    QVERIFY(!reader.HasSection(stNone));
+}
+
+void tst_OxaInfoReader::stopsAtTheEndOfContent() {
+    // Everything after content is broken: a reader that went on would fail.
+    const QString path = write(
+        "stops.oxaxml",
+        R"(<objects projectID="P"><content><section name="nonsense"/><section name="loggingSection"/></content><objectSection><<<broken)");
+    const OxaInfoReader reader(path);
+    QVERIFY(reader.IsValid());
+    QVERIFY(reader.HasSection(stNone));
+    QVERIFY(reader.HasSection(stLoggingSection));
+    QCOMPARE(reader.GetSectionTypes(), (std::vector<ESectionType>{stNone, stLoggingSection}));
+
+    const OxaInfoReader missing(dir.filePath("no-such-file.oxaxml"));
+    QVERIFY(!missing.IsValid());
+    QVERIFY(missing.ErrorText().contains("no-such-file.oxaxml"));
+}
+
+void tst_OxaInfoReader::sharedSamples_data() {
+    QTest::addColumn<QString>("document");
+    QTest::newRow("small") << "small";
+    QTest::newRow("small-quirks") << "small-quirks";
+}
+
+void tst_OxaInfoReader::sharedSamples() {
+    QFETCH(QString, document);
+    const QString folder = ZENTRA_SHARED_DATA;
+    QFile manifestFile(folder + "/" + document + ".manifest.json");
+    if (!manifestFile.open(QIODevice::ReadOnly))
+        QSKIP("shared sample data is not available");
+    const QJsonObject summary = QJsonDocument::fromJson(manifestFile.readAll())
+                                    .object()["documents"]
+                                    .toArray()
+                                    .at(0)
+                                    .toObject()["summary"]
+                                    .toObject();
+    QVERIFY(!summary.isEmpty());
+
+    const OxaInfoReader reader(folder + "/" + document + ".oxaxml");
+    QVERIFY(reader.IsValid());
+    auto text = [](const std::wstring& value) { return QString::fromStdWString(value); };
+    QCOMPARE(text(reader.GetProjectID()), summary["projectID"].toString());
+    QCOMPARE(text(reader.GetCreatedBy()), summary["createdBy"].toString());
+    QCOMPARE(text(reader.GetSourceApp()), summary["sourceApp"].toString());
+    QCOMPARE(text(reader.GetSourceFormat()), summary["sourceFormat"].toString());
+    QCOMPARE(reader.GetCreated(), summary["created"].toString());
+    QCOMPARE(text(reader.GetVersion()), summary["version"].toString());
+    QCOMPARE(text(reader.GetSourceFileName()), summary["sourceFileName"].toString());
+    QCOMPARE(text(reader.GetChangedBy()), summary["changedBy"].toString());
+    QCOMPARE(reader.GetChanged(), summary["changed"].toString());
+    std::vector<ESectionType> expected;
+    for (const QJsonValue& type : summary["section_types"].toArray())
+        expected.push_back(ESectionType(type.toInt()));
+    QCOMPARE(reader.GetSectionTypes(), expected);
+}
+
+QTEST_GUILESS_MAIN(tst_OxaInfoReader)
+#include "tst_OxaInfoReader.moc"

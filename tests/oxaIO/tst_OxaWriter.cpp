@@ -1,0 +1,963 @@
+#include "oxaIO/OxaWriter.h"
+#include "tavxmln/CXMLException.h"
+
+#include <QtTest>
+
+#include <cmath>
+#include <functional>
+#include <limits>
+#include <map>
+#include <sstream>
+
+using namespace oxaIO;
+using tavxmln::CXMLException;
+
+namespace {
+
+using Call = std::function<void(OxaWriter&)>;
+
+/// How to reach each element state that an operation can open: the state it stands in and the
+/// operation that opens it.
+struct Step {
+    int parent;
+    Call open;
+};
+
+const std::map<int, Step>& Steps() {
+    static const std::map<int, Step> steps = {
+        {esObjects,
+         {0, [](OxaWriter& w) { w.StartOxaDocument(L"p", L"c", L"a", L"f", 2024, 1, 2, 3, 4, 5); }}},
+        {esContent, {esObjects, [](OxaWriter& w) { w.StartContent(); }}},
+        {esObjectSection, {esObjects, [](OxaWriter& w) { w.StartObjectSection(L"m"); }}},
+        {esObjectDataSection, {esObjects, [](OxaWriter& w) { w.StartObjectDataSection(); }}},
+        {esMaterialSection, {esObjectSection, [](OxaWriter& w) { w.StartMaterialSection(); }}},
+        {esMaterial, {esMaterialSection, [](OxaWriter& w) { w.StartMaterial(L"m", L""); }}},
+        {esRootContainer, {esObjectSection, [](OxaWriter& w) { w.StartRootContainer(L"r", L""); }}},
+        {esContainer, {esObjectSection, [](OxaWriter& w) { w.StartContainer(L"c", L"", L"", false); }}},
+        {esGenericObject, {esContainer, [](OxaWriter& w) { w.StartGenericObject(L"g", L""); }}},
+        {esObject2D, {esContainer, [](OxaWriter& w) { w.StartObject2D(L"o", L"", L"", false, L""); }}},
+        {esObject3D, {esContainer, [](OxaWriter& w) { w.StartObject3D(L"o", L"", L"", false, L""); }}},
+        {esData3D, {esObjectDataSection, [](OxaWriter& w) { w.StartData3D(L"o"); }}},
+        {esPl,
+         {esData3D,
+          [](OxaWriter& w) {
+              w.StartPolyline({0, 1, 2, 0}, {}, plPolygon);
+          }}},
+        {esTess, {esPl, [](OxaWriter& w) { w.StartTesselation(); }}},
+        {esSolid, {esData3D, [](OxaWriter& w) { w.StartSolid(); }}},
+        {esFace, {esData3D, [](OxaWriter& w) { w.StartFace(); }}},
+        {esTxt,
+         {esObject2D, [](OxaWriter& w) { w.StartText(0, {}, {}, {}, L"t", {}, L"f", 10, false, false); }}},
+        {esPropertySection, {esObjectSection, [](OxaWriter& w) { w.StartPropertySection(); }}},
+        {esTopologySection, {esObjects, [](OxaWriter& w) { w.StartTopologySection(); }}},
+        {esContacts, {esTopologySection, [](OxaWriter& w) { w.StartContacts(0.1, L"m", true); }}},
+        {esIntersections, {esTopologySection, [](OxaWriter& w) { w.StartIntersections(0.1, L"m", true); }}},
+        {esHRefs, {esTopologySection, [](OxaWriter& w) { w.StartHRefs(L"m"); }}},
+        {esFitSection, {esObjects, [](OxaWriter& w) { w.StartFitSection(); }}},
+        {esItems, {esFitSection, [](OxaWriter& w) { w.StartItems(); }}},
+        {esItem, {esItems, [](OxaWriter& w) { w.StartItem(L"i", L"", L"", L"", L""); }}},
+        {esQto, {esFitSection, [](OxaWriter& w) { w.StartQto(); }}},
+        {esItemData, {esQto, [](OxaWriter& w) { w.StartItemData(L"i", L""); }}},
+        {esFormula, {esItemData, [](OxaWriter& w) { w.StartFormula(true, true, L"", L""); }}},
+        {esVisualisationSection, {esObjects, [](OxaWriter& w) { w.StartVisualisationSection(); }}},
+        {esViewContainer, {esVisualisationSection, [](OxaWriter& w) { w.StartViewContainer(L"vc", L""); }}},
+        {esView, {esViewContainer, [](OxaWriter& w) { w.StartView(L"v", L"", true, L"", nullptr, 0); }}},
+        {esLight, {esView, [](OxaWriter& w) { w.StartLight(0, L"", false); }}},
+        {esUnitSection, {esObjects, [](OxaWriter& w) { w.StartUnitSection(L"", L"", L""); }}},
+        {esCurrencySection, {esObjects, [](OxaWriter& w) { w.StartCurrencySection(); }}},
+        {esBsSection, {esObjects, [](OxaWriter& w) { w.StartBsSection(); }}},
+        {esBsTypes, {esBsSection, [](OxaWriter& w) { w.StartBsTypes(); }}},
+        {esBsType, {esBsTypes, [](OxaWriter& w) { w.StartBsType(L"t", L"", 0); }}},
+        {esBsItem, {esBsSection, [](OxaWriter& w) { w.StartBsItem(L"b", L"", L"", L""); }}},
+        {esSetSection, {esObjectSection, [](OxaWriter& w) { w.StartSetSection(); }}},
+        {esSetContainer, {esSetSection, [](OxaWriter& w) { w.StartSetContainer(L"sc", L""); }}},
+        {esActivitySection, {esObjects, [](OxaWriter& w) { w.StartActivitySection(); }}},
+        {esSchedule, {esActivitySection, [](OxaWriter& w) { w.StartSchedule(L"s", L"", L"", -1, L""); }}},
+        {esActivity, {esSchedule, [](OxaWriter& w) { w.StartActivity(L"a", L"", L"", -1, L""); }}},
+        {esLoggingSection, {esObjects, [](OxaWriter& w) { w.StartLoggingSection(); }}},
+        {esLevelDef, {esLoggingSection, [](OxaWriter& w) { w.StartLevelDef(); }}},
+        {esMsgGrp, {esLoggingSection, [](OxaWriter& w) { w.StartMsgGrp(L"g", L""); }}},
+        {esMsgInfo, {esMsgGrp, [](OxaWriter& w) { w.StartMsgInfo(1, L"m", 2024, 1, 1, 0, 0, 0, L""); }}},
+    };
+    return steps;
+}
+
+/// Opens the elements from the root down to `state`.
+void Enter(OxaWriter& writer, int state) {
+    if (state == 0)
+        return;
+    const Step& step = Steps().at(state);
+    Enter(writer, step.parent);
+    step.open(writer);
+}
+
+/// A writer on a stream without layout, so that outputs compare as plain text.
+struct Session {
+    Session() { writer.StartDocument(&out, false, false); }
+    std::ostringstream out;
+    OxaWriter writer;
+};
+
+/// The code and text of the exception a call raises; code -1 when it raises none.
+std::pair<int, QString> Outcome(const std::function<void()>& call) {
+    try {
+        call();
+    } catch (const CXMLException& exception) {
+        return {exception.code(), QString::fromWCharArray(exception.text())};
+    }
+    return {-1, QString()};
+}
+
+/// One Start or single-element operation: its message word, the parents it allows, and the
+/// state it leaves open (0 when it closes what it opened).
+struct Operation {
+    const char* name;
+    const wchar_t* word;
+    QList<int> allowed;
+    int opens;
+    Call call;
+    bool strict = false; ///< fails on an empty stack too
+};
+
+const std::vector<Operation>& Operations() {
+    const VCoords3D c{1, 2, 3};
+    static const std::vector<Operation> operations = {
+        {"StartContent", L"StartContent", {esObjects}, esContent, [](OxaWriter& w) { w.StartContent(); }},
+        {"Section", L"Section", {esContent}, 0, [](OxaWriter& w) { w.Section(stObjectSection); }},
+        {"IDMapping", L"IDMapping", {esObjects}, 0, [](OxaWriter& w) { w.IDMapping({L"a"}); }},
+        {"StartObjectSection",
+         L"StartObjectSection",
+         {esObjects},
+         esObjectSection,
+         [](OxaWriter& w) { w.StartObjectSection(L"m"); }},
+        {"StartObjectDataSection",
+         L"StartObjectDataSection",
+         {esObjects},
+         esObjectDataSection,
+         [](OxaWriter& w) { w.StartObjectDataSection(); }},
+        {"StartMaterialSection",
+         L"StartMaterialSection",
+         {esObjectSection, esFitSection},
+         esMaterialSection,
+         [](OxaWriter& w) { w.StartMaterialSection(); }},
+        {"StartMaterial",
+         L"StartMaterial",
+         {esMaterialSection},
+         esMaterial,
+         [](OxaWriter& w) { w.StartMaterial(L"m", L"n"); }},
+        {"MaterialDiff",
+         L"MaterialDiff",
+         {esMaterial},
+         0,
+         [](OxaWriter& w) { w.MaterialDiff(1, 2, 3, 1.0); }},
+        {"MaterialSpec",
+         L"MaterialSpec",
+         {esMaterial},
+         0,
+         [](OxaWriter& w) { w.MaterialSpec(1, 2, 3, 1.0); }},
+        {"MaterialAmb", L"MaterialAmb", {esMaterial}, 0, [](OxaWriter& w) { w.MaterialAmb(1, 2, 3, 1.0); }},
+        {"MaterialTrans", L"MaterialTrans", {esMaterial}, 0, [](OxaWriter& w) { w.MaterialTrans(0.5); }},
+        {"MaterialTexture",
+         L"MaterialTexture",
+         {esMaterial},
+         0,
+         [](OxaWriter& w) { w.MaterialTexture(L""); }},
+        {"GenericObject",
+         L"GenericObject",
+         {esContainer},
+         0,
+         [](OxaWriter& w) { w.GenericObject(L"g", L""); }},
+        {"StartRootContainer",
+         L"StartRootContainer",
+         {esObjectSection},
+         esRootContainer,
+         [](OxaWriter& w) { w.StartRootContainer(L"r", L""); }},
+        {"StartContainer",
+         L"StartContainer",
+         {esObjectSection, esContainer, esRootContainer},
+         esContainer,
+         [](OxaWriter& w) { w.StartContainer(L"c", L"", L"", false); }},
+        {"StartGenericObject",
+         L"StartGenericObject",
+         {esContainer},
+         esGenericObject,
+         [](OxaWriter& w) { w.StartGenericObject(L"g", L""); }},
+        {"StartObject2D",
+         L"StartObject2D",
+         {esContainer},
+         esObject2D,
+         [](OxaWriter& w) { w.StartObject2D(L"o", L"", L"", false, L""); }},
+        {"StartObject3D",
+         L"StartObject3D",
+         {esContainer},
+         esObject3D,
+         [](OxaWriter& w) { w.StartObject3D(L"o", L"", L"", false, L""); }},
+        {"StartData3D",
+         L"StartData3D",
+         {esObjectDataSection, esContainer},
+         esData3D,
+         [](OxaWriter& w) { w.StartData3D(L"o"); }},
+        {"Point", L"Point", {esObject2D, esData3D}, 0, [](OxaWriter& w) { w.Point(0, 1, 2, 3); }},
+        {"Line", L"Line", {esObject2D, esData3D}, 0, [](OxaWriter& w) { w.Line(0, 1); }},
+        {"Triangle",
+         L"Triangle",
+         {esObject2D, esData3D, esTess, esSolid, esFace},
+         0,
+         [](OxaWriter& w) { w.Triangle(0, 1, 2, {}); }},
+        {"StartPolyline",
+         L"StartPolyline",
+         {esObject2D, esData3D, esSolid, esFace},
+         esPl,
+         [](OxaWriter& w) {
+             w.StartPolyline({0, 1}, {}, plChain);
+         }},
+        {"StartTesselation", L"StartTesselation", {esPl}, esTess, [](OxaWriter& w) { w.StartTesselation(); }},
+        {"StartSolid", L"StartSolid", {esData3D}, esSolid, [](OxaWriter& w) { w.StartSolid(); }},
+        {"StartFace", L"StartFace", {esData3D, esSolid}, esFace, [](OxaWriter& w) { w.StartFace(); }},
+        {"Arc", L"Arc", {esObject2D}, 0, [](OxaWriter& w) { w.Arc(0, 1, 0, 90, {}, {}, {}); }},
+        {"Circle", L"Circle", {esObject2D}, 0, [](OxaWriter& w) { w.Circle(0, 1, {}, {}, {}); }},
+        {"StartText",
+         L"StartText",
+         {esObject2D},
+         esTxt,
+         [](OxaWriter& w) { w.StartText(0, {}, {}, {}, L"t", {}, L"f", 9, true, false); }},
+        {"Color", L"Color", {esTxt}, 0, [](OxaWriter& w) { w.Color(1, 2, 3, {}); }},
+        {"OptOBB", L"OptOBB", {esData3D}, 0, [c](OxaWriter& w) { w.OptOBB(c, c, c, c); }},
+        {"StartTopologySection",
+         L"StartTopologySection",
+         {esObjects},
+         esTopologySection,
+         [](OxaWriter& w) { w.StartTopologySection(); }},
+        {"StartContacts",
+         L"StartContacts",
+         {esTopologySection},
+         esContacts,
+         [](OxaWriter& w) { w.StartContacts(0.1, L"", {}); }},
+        {"Contact", L"Contact", {esContacts}, 0, [](OxaWriter& w) { w.Contact(L"a", L"b"); }},
+        {"StartIntersections",
+         L"StartIntersections",
+         {esTopologySection},
+         esIntersections,
+         [](OxaWriter& w) { w.StartIntersections({}, L"", false); }},
+        {"Intersection",
+         L"Intersection",
+         {esIntersections},
+         0,
+         [](OxaWriter& w) { w.Intersection(L"a", L"b"); }},
+        {"StartHRefs", L"StartHRefs", {esTopologySection}, esHRefs, [](OxaWriter& w) { w.StartHRefs(L"m"); }},
+        {"HRef", L"HRef", {esHRefs}, 0, [](OxaWriter& w) { w.HRef(L"h", 3.0); }},
+        {"HRefRel", L"HRefRel", {esHRefs}, 0, [](OxaWriter& w) { w.HRefRel(L"o", L"l", L"u"); }},
+        {"StartVisualisationSection",
+         L"StartVisualisationSection",
+         {esObjects},
+         esVisualisationSection,
+         [](OxaWriter& w) { w.StartVisualisationSection(); }},
+        {"StartViewContainer",
+         L"StartViewContainer",
+         {esVisualisationSection, esViewContainer},
+         esViewContainer,
+         [](OxaWriter& w) { w.StartViewContainer(L"vc", L""); }},
+        {"StartView",
+         L"StartView",
+         {esViewContainer},
+         esView,
+         [](OxaWriter& w) { w.StartView(L"v", L"", {}, L"", nullptr, 0); }},
+        {"Camera",
+         L"Camera",
+         {esView},
+         0,
+         [c](OxaWriter& w) { w.Camera(c, c, c, 1, 2, 45, 1, 0, 0, 0, 0, 0, c, c); }},
+        {"BgColor", L"BgColor", {esView}, 0, [](OxaWriter& w) { w.BgColor(1, 2, 3, 1.0); }},
+        {"ClpPlane", L"ClpPlane", {esView}, 0, [c](OxaWriter& w) { w.ClpPlane(c, 1, {}); }},
+        {"StartLight", L"StartLight", {esView}, esLight, [](OxaWriter& w) { w.StartLight(0, L"", {}); }},
+        {"Diff", L"Diff", {esLight}, 0, [](OxaWriter& w) { w.Diff(1, 2, 3, 1.0); }},
+        {"Spec", L"Spec", {esLight}, 0, [](OxaWriter& w) { w.Spec(1, 2, 3, 1.0); }},
+        {"Amb", L"Amb", {esLight}, 0, [](OxaWriter& w) { w.Amb(1, 2, 3, 1.0); }},
+        {"Spot", L"Spot", {esLight}, 0, [c](OxaWriter& w) { w.Spot(c, c, 30); }},
+        {"Positional", L"Positional", {esLight}, 0, [c](OxaWriter& w) { w.Positional(c); }},
+        {"Directional", L"Directional", {esLight}, 0, [c](OxaWriter& w) { w.Directional(c); }},
+        {"StartPropertySection",
+         L"StartPropertySection",
+         {esObjectSection, esFitSection, esActivitySection},
+         esPropertySection,
+         [](OxaWriter& w) { w.StartPropertySection(); }},
+        {"Property",
+         L"Property",
+         {esPropertySection},
+         0,
+         [](OxaWriter& w) { w.Property(L"o", L"n", L"xs:string", L"v", L""); }},
+        {"StartFitSection",
+         L"StartFitSection",
+         {esObjects},
+         esFitSection,
+         [](OxaWriter& w) { w.StartFitSection(); }},
+        {"StartItems", L"StartItems", {esFitSection}, esItems, [](OxaWriter& w) { w.StartItems(); }},
+        {"StartItem",
+         L"StartItem",
+         {esItems, esItem},
+         esItem,
+         [](OxaWriter& w) { w.StartItem(L"i", L"", L"", L"", L""); }},
+        {"StartQto", L"StartQto", {esFitSection}, esQto, [](OxaWriter& w) { w.StartQto(); }},
+        {"StartItemData",
+         L"StartItemData",
+         {esQto},
+         esItemData,
+         [](OxaWriter& w) { w.StartItemData(L"i", L""); }},
+        {"StartFormula",
+         L"StartFormula",
+         {esItemData},
+         esFormula,
+         [](OxaWriter& w) { w.StartFormula(false, true, L"", L""); }},
+        {"Result", L"Result", {esFormula}, 0, [](OxaWriter& w) { w.Result(L"o", 1.0, L"", 0, L""); }},
+        {"StartUnitSection",
+         L"StartUnitSection",
+         {esObjects},
+         esUnitSection,
+         [](OxaWriter& w) { w.StartUnitSection(L"", L"", L""); }},
+        {"Unit",
+         L"Unit",
+         {esUnitSection},
+         0,
+         [](OxaWriter& w) { w.Unit(L"m", 1, 2, {}, 0, L"", L"", {}, L""); }},
+        {"StartCurrencySection",
+         L"StartCurrencySection",
+         {esObjects},
+         esCurrencySection,
+         [](OxaWriter& w) { w.StartCurrencySection(); }},
+        {"BaseCurr", L"BaseCurr", {esCurrencySection}, 0, [](OxaWriter& w) { w.BaseCurr(L"EUR", L"", 2L); }},
+        {"Curr", L"Curr", {esCurrencySection}, 0, [](OxaWriter& w) { w.Curr(L"USD", L"", {}, 1.1); }},
+        {"StartBsSection",
+         L"StartBsSection",
+         {esObjects},
+         esBsSection,
+         [](OxaWriter& w) { w.StartBsSection(); }},
+        {"StartBsTypes", L"StartBsTypes", {esBsSection}, esBsTypes, [](OxaWriter& w) { w.StartBsTypes(); }},
+        {"StartBsType",
+         L"StartBsType",
+         {esBsTypes, esBsType},
+         esBsType,
+         [](OxaWriter& w) { w.StartBsType(L"t", L"", 4); }},
+        {"StartBsItem",
+         L"StartBsItem",
+         {esBsSection, esBsItem},
+         esBsItem,
+         [](OxaWriter& w) { w.StartBsItem(L"b", L"", L"t", L""); }},
+        {"BsSet", L"BsSet", {esBsItem}, 0, [](OxaWriter& w) { w.BsSet(L"s"); }},
+        {"StartSetSection",
+         L"StartSetSection",
+         {esActivitySection, esBsSection, esLoggingSection, esObjectSection},
+         esSetSection,
+         [](OxaWriter& w) { w.StartSetSection(); }},
+        {"ObjectSet",
+         L"ObjectSet",
+         {esSetSection},
+         0,
+         [](OxaWriter& w) { w.ObjectSet(L"s", L"", L"c", {L"a"}); }},
+        {"StartSetContainer",
+         L"StartSetContainer",
+         {esSetSection, esSetContainer},
+         esSetContainer,
+         [](OxaWriter& w) { w.StartSetContainer(L"sc", L""); }},
+        {"SmartSet",
+         L"SmartSet",
+         {esSetSection, esSetContainer},
+         0,
+         [](OxaWriter& w) { w.SmartSet(L"s", L"", L"c", L"r"); }},
+        {"StartActivitySection",
+         L"StartActivitySection",
+         {esObjects},
+         esActivitySection,
+         [](OxaWriter& w) { w.StartActivitySection(); }},
+        {"StartSchedule",
+         L"StartSchedule",
+         {esActivitySection},
+         esSchedule,
+         [](OxaWriter& w) { w.StartSchedule(L"s", L"", L"r", 3, L"r"); }},
+        {"StartActivity",
+         L"Schedule",
+         {esSchedule, esActivity},
+         esActivity,
+         [](OxaWriter& w) { w.StartActivity(L"a", L"", L"", -1, L"o"); }},
+        {"StartActivityVis",
+         L"Schedule",
+         {esSchedule, esActivity},
+         esActivity,
+         [](OxaWriter& w) { w.StartActivityVis(L"a", L"", L"", -1, L"o", L"bar"); }},
+        {"Start", L"Start", {esSchedule, esActivity}, 0, [](OxaWriter& w) { w.Start(2024, 1, 1, 0, 0, 0); }},
+        {"End", L"Start", {esSchedule, esActivity}, 0, [](OxaWriter& w) { w.End(2024, 1, 1, 0, 0, 0); }},
+        {"StartLoggingSection",
+         L"StartLoggingSection",
+         {esObjects},
+         esLoggingSection,
+         [](OxaWriter& w) { w.StartLoggingSection(); },
+         true},
+        {"StartLevelDef",
+         L"StartLevelDef",
+         {esLoggingSection},
+         esLevelDef,
+         [](OxaWriter& w) { w.StartLevelDef(); },
+         true},
+        {"Level", L"Level", {esLevelDef}, 0, [](OxaWriter& w) { w.Level(L"l", L""); }, true},
+        {"StartMsgGrp",
+         L"StartMsgGrp",
+         {esLoggingSection},
+         esMsgGrp,
+         [](OxaWriter& w) { w.StartMsgGrp(L"g", L"d"); },
+         true},
+        {"StartMsgInfo",
+         L"StartMsgInfo",
+         {esMsgGrp},
+         esMsgInfo,
+         [](OxaWriter& w) { w.StartMsgInfo(3, L"m", 2024, 1, 1, 0, 0, 0, L""); },
+         true},
+        {"MsgTxt", L"MsgTxt", {esMsgInfo}, 0, [](OxaWriter& w) { w.MsgTxt(L"t"); }, true},
+        {"MsgSet", L"MsgSet", {esMsgInfo}, 0, [](OxaWriter& w) { w.MsgSet(L"s"); }, true},
+    };
+    return operations;
+}
+
+/// An End operation and the state it closes.
+struct Ending {
+    const char* name;
+    int state;
+    Call call;
+};
+
+const std::vector<Ending>& Endings() {
+    static const std::vector<Ending> endings = {
+        {"EndContent", esContent, [](OxaWriter& w) { w.EndContent(); }},
+        {"EndObjectSection", esObjectSection, [](OxaWriter& w) { w.EndObjectSection(); }},
+        {"EndObjectDataSection", esObjectDataSection, [](OxaWriter& w) { w.EndObjectDataSection(); }},
+        {"EndMaterialSection", esMaterialSection, [](OxaWriter& w) { w.EndMaterialSection(); }},
+        {"EndMaterial", esMaterial, [](OxaWriter& w) { w.EndMaterial(); }},
+        {"EndRootContainer", esRootContainer, [](OxaWriter& w) { w.EndRootContainer(); }},
+        {"EndContainer", esContainer, [](OxaWriter& w) { w.EndContainer(); }},
+        {"EndGenericObject", esGenericObject, [](OxaWriter& w) { w.EndGenericObject(); }},
+        {"EndObject2D", esObject2D, [](OxaWriter& w) { w.EndObject2D(); }},
+        {"EndObject3D", esObject3D, [](OxaWriter& w) { w.EndObject3D(); }},
+        {"EndData3D", esData3D, [](OxaWriter& w) { w.EndData3D(); }},
+        {"EndPolyline", esPl, [](OxaWriter& w) { w.EndPolyline(); }},
+        {"EndTesselation", esTess, [](OxaWriter& w) { w.EndTesselation(); }},
+        {"EndSolid", esSolid, [](OxaWriter& w) { w.EndSolid(); }},
+        {"EndFace", esFace, [](OxaWriter& w) { w.EndFace(); }},
+        {"EndText", esTxt, [](OxaWriter& w) { w.EndText(); }},
+        {"EndPropertySection", esPropertySection, [](OxaWriter& w) { w.EndPropertySection(); }},
+        {"EndTopologySection", esTopologySection, [](OxaWriter& w) { w.EndTopologySection(); }},
+        {"EndContacts", esContacts, [](OxaWriter& w) { w.EndContacts(); }},
+        {"EndIntersections", esIntersections, [](OxaWriter& w) { w.EndIntersections(); }},
+        {"EndHRefs", esHRefs, [](OxaWriter& w) { w.EndHRefs(); }},
+        {"EndFitSection", esFitSection, [](OxaWriter& w) { w.EndFitSection(); }},
+        {"EndItems", esItems, [](OxaWriter& w) { w.EndItems(); }},
+        {"EndItem", esItem, [](OxaWriter& w) { w.EndItem(); }},
+        {"EndQto", esQto, [](OxaWriter& w) { w.EndQto(); }},
+        {"EndItemData", esItemData, [](OxaWriter& w) { w.EndItemData(); }},
+        {"EndFormula", esFormula, [](OxaWriter& w) { w.EndFormula(); }},
+        {"EndVisualisationSection", esVisualisationSection,
+         [](OxaWriter& w) { w.EndVisualisationSection(); }},
+        {"EndViewContainer", esViewContainer, [](OxaWriter& w) { w.EndViewContainer(); }},
+        {"EndView", esView, [](OxaWriter& w) { w.EndView(); }},
+        {"EndLight", esLight, [](OxaWriter& w) { w.EndLight(); }},
+        {"EndUnitSection", esUnitSection, [](OxaWriter& w) { w.EndUnitSection(); }},
+        {"EndCurrencySection", esCurrencySection, [](OxaWriter& w) { w.EndCurrencySection(); }},
+        {"EndBsSection", esBsSection, [](OxaWriter& w) { w.EndBsSection(); }},
+        {"EndBsTypes", esBsTypes, [](OxaWriter& w) { w.EndBsTypes(); }},
+        {"EndBsType", esBsType, [](OxaWriter& w) { w.EndBsType(); }},
+        {"EndBsItem", esBsItem, [](OxaWriter& w) { w.EndBsItem(); }},
+        {"EndSetSection", esSetSection, [](OxaWriter& w) { w.EndSetSection(); }},
+        {"EndSetContainer", esSetContainer, [](OxaWriter& w) { w.EndSetContainer(); }},
+        {"EndActivitySection", esActivitySection, [](OxaWriter& w) { w.EndActivitySection(); }},
+        {"EndSchedule", esSchedule, [](OxaWriter& w) { w.EndSchedule(); }},
+        {"EndActivity", esActivity, [](OxaWriter& w) { w.EndActivity(); }},
+        {"EndLoggingSection", esLoggingSection, [](OxaWriter& w) { w.EndLoggingSection(); }},
+        {"EndLevelDef", esLevelDef, [](OxaWriter& w) { w.EndLevelDef(); }},
+        {"EndMsgGrp", esMsgGrp, [](OxaWriter& w) { w.EndMsgGrp(); }},
+        {"EndMsgInfo", esMsgInfo, [](OxaWriter& w) { w.EndMsgInfo(); }},
+        {"EndOxaDocument", esObjects, [](OxaWriter& w) { w.EndOxaDocument(); }},
+    };
+    return endings;
+}
+
+/// The text an operation adds to the output, without the `>` that closes its parent's start
+/// tag.
+QString Fragment(int parent, const Call& call) {
+    Session session;
+    Enter(session.writer, parent);
+    const std::size_t before = std::size_t(session.writer.BytesWritten());
+    call(session.writer);
+    session.writer.Abandon();
+    QString added = QString::fromStdString(session.out.str().substr(before));
+    if (added.startsWith('>'))
+        added.remove(0, 1);
+    return added;
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Call)
+
+class tst_OxaWriter : public QObject {
+    Q_OBJECT
+
+private slots:
+    void parentChecks_data();
+    void parentChecks();
+    void endChecks_data();
+    void endChecks();
+    void documentStart();
+    void sectionTypes_data();
+    void sectionTypes();
+    void valueChecks_data();
+    void valueChecks();
+    void elements_data();
+    void elements();
+    void idMapping();
+};
+
+void tst_OxaWriter::parentChecks_data() {
+    QTest::addColumn<int>("index");
+    for (std::size_t i = 0; i < Operations().size(); ++i)
+        QTest::newRow(Operations()[i].name) << int(i);
+}
+
+void tst_OxaWriter::parentChecks() {
+    // Every reachable state is tried as the parent: the allowed ones take the element, every
+    // other one refuses it with the operation's word and code 6.
+    QFETCH(int, index);
+    const Operation& operation = Operations()[std::size_t(index)];
+    const QString refusal = QString::fromWCharArray(operation.word) + ": not allowed here";
+    for (const auto& entry : Steps()) {
+        const int parent = entry.first;
+        Session session;
+        Enter(session.writer, parent);
+        const std::deque<int> before = session.writer.ElementStack();
+        const auto outcome = Outcome([&] { operation.call(session.writer); });
+        if (operation.allowed.contains(parent)) {
+            QVERIFY2(outcome.first == -1,
+                     qPrintable(QString("refused under %1: %2").arg(parent).arg(outcome.second)));
+            std::deque<int> expected = before;
+            if (operation.opens)
+                expected.push_back(operation.opens);
+            QVERIFY2(session.writer.ElementStack() == expected,
+                     qPrintable(QString("stack under %1").arg(parent)));
+        } else {
+            QCOMPARE(outcome, std::make_pair(6, refusal));
+            QVERIFY(session.writer.ElementStack() == before);
+        }
+    }
+    // Outside any document only the logging section refuses.
+    Session session;
+    const auto outcome = Outcome([&] { operation.call(session.writer); });
+    if (operation.strict)
+        QCOMPARE(outcome, std::make_pair(6, refusal));
+    else
+        QCOMPARE(outcome.first, -1);
+}
+
+void tst_OxaWriter::endChecks_data() {
+    QTest::addColumn<int>("index");
+    for (std::size_t i = 0; i < Endings().size(); ++i)
+        QTest::newRow(Endings()[i].name) << int(i);
+}
+
+void tst_OxaWriter::endChecks() {
+    QFETCH(int, index);
+    const Ending& ending = Endings()[std::size_t(index)];
+    const QString refusal = QString(ending.name) + ": not allowed here";
+    for (const auto& entry : Steps()) {
+        Session session;
+        Enter(session.writer, entry.first);
+        std::deque<int> expected = session.writer.ElementStack();
+        const auto outcome = Outcome([&] { ending.call(session.writer); });
+        if (entry.first == ending.state) {
+            QCOMPARE(outcome.first, -1);
+            expected.pop_back();
+        } else {
+            QCOMPARE(outcome, std::make_pair(6, refusal));
+        }
+        QVERIFY(session.writer.ElementStack() == expected);
+    }
+    Session session;
+    QCOMPARE(Outcome([&] { ending.call(session.writer); }), std::make_pair(6, refusal));
+}
+
+void tst_OxaWriter::documentStart() {
+    Session session;
+    Steps().at(esObjects).open(session.writer);
+    QCOMPARE(Outcome([&] { Steps().at(esObjects).open(session.writer); }),
+             std::make_pair(6, QString("StartOxaDocument: Document already in progress")));
+    session.writer.EndOxaDocument();
+    session.writer.EndDocument();
+    QCOMPARE(
+        QString::fromStdString(session.out.str()),
+        QString("<objects xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\" "
+                "xsi:noNamespaceSchemaLocation=\"OXA-Objects.xsd\" projectID=\"p\" createdBy=\"c\" "
+                "sourceApp=\"a\" sourceFormat=\"f\" created=\"2024-01-02T03:04:05\" oxaversion=\"1.5\"/>\n"));
+
+    // A fragment opened outside the document keeps the document from starting.
+    Session fragment;
+    fragment.writer.StartContainer(L"c", L"", L"", false);
+    QCOMPARE(Outcome([&] { Steps().at(esObjects).open(fragment.writer); }).second,
+             QString("StartOxaDocument: Document already in progress"));
+}
+
+void tst_OxaWriter::sectionTypes_data() {
+    QTest::addColumn<int>("type");
+    QTest::addColumn<QString>("written");
+    const QStringList names = {"",
+                               "objectSection",
+                               "",
+                               "propertySection",
+                               "topologySection",
+                               "fitSection",
+                               "unitSection",
+                               "currencySection",
+                               "visualisationSection",
+                               "materialSection",
+                               "bsSection",
+                               "setSection",
+                               "activitySection",
+                               "",
+                               "loggingSection"};
+    for (int type = 0; type < names.size(); ++type)
+        QTest::newRow(qPrintable(QString::number(type))) << type << names[type];
+    QTest::newRow("out of range") << 15 << QString();
+}
+
+void tst_OxaWriter::sectionTypes() {
+    QFETCH(int, type);
+    QFETCH(QString, written);
+    const Call call = [type](OxaWriter& w) { w.Section(ESectionType(type)); };
+    if (written.isEmpty()) {
+        Session session;
+        Enter(session.writer, esContent);
+        QCOMPARE(Outcome([&] { call(session.writer); }),
+                 std::make_pair(6, QString("Section: unknown section type")));
+    } else {
+        QCOMPARE(Fragment(esContent, call), "<section name=\"" + written + "\"/>");
+    }
+}
+
+void tst_OxaWriter::valueChecks_data() {
+    QTest::addColumn<int>("parent");
+    QTest::addColumn<Call>("call");
+    QTest::addColumn<QString>("message"); ///< empty when the value passes
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const VCoords3D c{0, 0, 1};
+    QTest::newRow("red above 255") << int(esMaterial)
+                                   << Call([](OxaWriter& w) { w.MaterialDiff(256, 0, 0, 1.0); })
+                                   << "value for r not allowed";
+    QTest::newRow("green above 255") << int(esLight) << Call([](OxaWriter& w) { w.Amb(0, 300, 0, 1.0); })
+                                     << "value for g not allowed";
+    QTest::newRow("blue above 255") << int(esView) << Call([](OxaWriter& w) { w.BgColor(0, 0, 256, {}); })
+                                    << "value for b not allowed";
+    QTest::newRow("negative red") << int(esTxt) << Call([](OxaWriter& w) { w.Color(-1, 0, 0, {}); })
+                                  << "value for r not allowed";
+    QTest::newRow("255 passes") << int(esMaterial)
+                                << Call([](OxaWriter& w) { w.MaterialSpec(255, 255, 255, 1.0); }) << "";
+    QTest::newRow("alpha 1.0000001") << int(esMaterial)
+                                     << Call([](OxaWriter& w) { w.MaterialAmb(0, 0, 0, double(1.0000001f)); })
+                                     << "value for a not allowed";
+    QTest::newRow("alpha below 0") << int(esLight) << Call([](OxaWriter& w) { w.Diff(0, 0, 0, -0.001); })
+                                   << "value for a not allowed";
+    QTest::newRow("alpha 0 and 1") << int(esLight) << Call([](OxaWriter& w) {
+        w.Spec(0, 0, 0, 0.0);
+        w.Diff(0, 0, 0, 1.0);
+    }) << "";
+    QTest::newRow("alpha NaN") << int(esMaterial)
+                               << Call([nan](OxaWriter& w) { w.MaterialDiff(0, 0, 0, nan); }) << "";
+    QTest::newRow("view angle 360") << int(esView) << Call([c](OxaWriter& w) {
+        w.Camera(c, c, c, 1, 2, 360.0, 1, 0, 0, 0, 0, 0, c, c);
+    }) << "";
+    QTest::newRow("view angle 360.5")
+        << int(esView) << Call([c](OxaWriter& w) { w.Camera(c, c, c, 1, 2, 360.5, 1, 0, 0, 0, 0, 0, c, c); })
+        << "value for viewAngle not allowed";
+    QTest::newRow("view angle -0.5") << int(esView) << Call([c](OxaWriter& w) {
+        w.Camera(c, c, c, 1, 2, -0.5, 1, 1, 0, 0, 0, 0, c, c);
+    }) << "value for viewAngle not allowed";
+    QTest::newRow("cutoff 361") << int(esLight) << Call([c](OxaWriter& w) { w.Spot(c, c, 361); })
+                                << "value for cutoff not allowed";
+    QTest::newRow("arc a1 below 0") << int(esObject2D)
+                                    << Call([](OxaWriter& w) { w.Arc(0, 1, -1, 90, {}, {}, {}); })
+                                    << "value for a1 not allowed";
+    QTest::newRow("arc a2 above 360")
+        << int(esObject2D) << Call([](OxaWriter& w) { w.Arc(0, 1, 0, 400, {}, {}, {}); })
+        << "value for a2 not allowed";
+    QTest::newRow("unit without name")
+        << int(esUnitSection) << Call([](OxaWriter& w) { w.Unit(L"", 1, 2, {}, 0, L"", L"", {}, L""); })
+        << "value for name not allowed";
+    QTest::newRow("unit dim 4") << int(esUnitSection)
+                                << Call([](OxaWriter& w) { w.Unit(L"m", 4, 2, {}, 0, L"", L"", {}, L""); })
+                                << "value for dim not allowed";
+    QTest::newRow("unit round mode 3")
+        << int(esUnitSection) << Call([](OxaWriter& w) { w.Unit(L"m", 1, 3, {}, 0, L"", L"", {}, L""); })
+        << "value for round mode not allowed";
+    QTest::newRow("unit digits mode 4")
+        << int(esUnitSection) << Call([](OxaWriter& w) { w.Unit(L"m", 1, 2, 2L, 4, L"", L"", {}, L""); })
+        << "value for digits mode not allowed";
+    QTest::newRow("digits without mode")
+        << int(esUnitSection) << Call([](OxaWriter& w) { w.Unit(L"m", 1, 2, 2L, 0, L"", L"", {}, L""); })
+        << "digits and digitsMode do not match";
+    QTest::newRow("mode without digits")
+        << int(esUnitSection) << Call([](OxaWriter& w) { w.Unit(L"m", 1, 2, {}, 1, L"", L"", {}, L""); })
+        << "digits and digitsMode do not match";
+    QTest::newRow("base currency without name")
+        << int(esCurrencySection) << Call([](OxaWriter& w) { w.BaseCurr(L"", L"", {}); })
+        << "value for name not allowed";
+    QTest::newRow("currency without name")
+        << int(esCurrencySection) << Call([](OxaWriter& w) { w.Curr(L"", L"", {}, {}); })
+        << "value for name not allowed";
+}
+
+void tst_OxaWriter::valueChecks() {
+    QFETCH(int, parent);
+    QFETCH(Call, call);
+    QFETCH(QString, message);
+    Session session;
+    Enter(session.writer, parent);
+    const auto outcome = Outcome([&] { call(session.writer); });
+    if (message.isEmpty())
+        QCOMPARE(outcome.first, -1);
+    else
+        QCOMPARE(outcome, std::make_pair(7, message));
+}
+
+void tst_OxaWriter::elements_data() {
+    QTest::addColumn<int>("parent");
+    QTest::addColumn<Call>("call");
+    QTest::addColumn<QString>("written");
+    const VCoords3D x{1, 0, 0}, y{0, 2, 0}, z{0, 0, 3.5}, o{};
+    QTest::newRow("object with everything") << int(esContainer) << Call([](OxaWriter& w) {
+        w.StartObject3D(L"o", L"Wall", L"mat", true, L"r");
+        w.EndObject3D();
+    }) << "<object3D ID=\"o\" name=\"Wall\" matID=\"mat\" negative=\"true\" refID=\"r\"/>";
+    QTest::newRow("positive object without options") << int(esContainer) << Call([](OxaWriter& w) {
+        w.StartObject2D(L"o", L"", L"", false, L"");
+        w.EndObject2D();
+    }) << "<object2D ID=\"o\"/>";
+    QTest::newRow("composite container") << int(esObjectSection) << Call([](OxaWriter& w) {
+        w.StartContainer(L"c", L"", L"", true);
+        w.EndContainer();
+    }) << "<container ID=\"c\" composite=\"true\"/>";
+    QTest::newRow("plain container with unit") << int(esRootContainer) << Call([](OxaWriter& w) {
+        w.StartContainer(L"c", L"N", L"mm", false);
+        w.EndContainer();
+    }) << "<container ID=\"c\" name=\"N\" unit=\"mm\"/>";
+    QTest::newRow("root container")
+        << int(esObjectSection) << Call([](OxaWriter& w) {
+               w.StartRootContainer(L"r", L"R");
+               w.EndRootContainer();
+           })
+        << "<rootContainer ID=\"r\" mRot=\"1.000000 0.000000 0.000000 0.000000 1.000000 0.000000 0.000000 "
+           "0.000000 1.000000\" vTrans=\"0.000000 0.000000 0.000000\" name=\"R\"/>";
+    QTest::newRow("point") << int(esData3D) << Call([](OxaWriter& w) { w.Point(3, 1.5, -0.0, 1e-7); })
+                           << "<p nr=\"3\" x=\"1.5\" y=\"-0\" z=\"1e-07\"/>";
+    QTest::newRow("triangle with three texture coordinates") << int(esData3D) << Call([](OxaWriter& w) {
+        w.Triangle(0, 1, 2, {{0, 0}, {1, 0}, {0.5, 1}});
+    }) << "<t p1=\"0\" p2=\"1\" p3=\"2\"><tex coords=\"0 0 1 0 0.5 1\"/></t>";
+    QTest::newRow("triangle with two texture coordinates") << int(esFace) << Call([](OxaWriter& w) {
+        w.Triangle(0, 1, 2, {{0, 0}, {1, 0}});
+    }) << "<t p1=\"0\" p2=\"1\" p3=\"2\"/>";
+    QTest::newRow("triangle with four texture coordinates") << int(esTess) << Call([](OxaWriter& w) {
+        w.Triangle(0, 1, 2, {{0, 0}, {1, 0}, {1, 1}, {0, 1}});
+    }) << "<t p1=\"0\" p2=\"1\" p3=\"2\"/>";
+    QTest::newRow("chain") << int(esData3D) << Call([](OxaWriter& w) {
+        w.StartPolyline({0, 1, 2}, {}, plChain);
+        w.EndPolyline();
+    }) << "<pl length=\"3\" points=\"0 1 2\" type=\"Chain\"/>";
+    QTest::newRow("polygon with coordinates") << int(esFace) << Call([](OxaWriter& w) {
+        w.StartPolyline({0, 1, 2, 0}, {{0, 0}, {1, 0.25}}, plPolygon);
+        w.EndPolyline();
+    }) << "<pl length=\"4\" points=\"0 1 2 0\" type=\"Polygon\"><tex coords=\"0 0 1 0.25\"/></pl>";
+    QTest::newRow("polyline without type") << int(esSolid) << Call([](OxaWriter& w) {
+        w.StartPolyline({}, {}, plNone);
+        w.EndPolyline();
+    }) << "<pl length=\"0\" points=\"\"/>";
+    QTest::newRow("colour with alpha")
+        << int(esMaterial) << Call([](OxaWriter& w) { w.MaterialDiff(255, 0, 128, 0.5); })
+        << "<diff r=\"255\" g=\"0\" b=\"128\" a=\"0.5\"/>";
+    QTest::newRow("colour without alpha") << int(esView) << Call([](OxaWriter& w) { w.BgColor(1, 2, 3, {}); })
+                                          << "<bgColor r=\"1\" g=\"2\" b=\"3\"/>";
+    QTest::newRow("texture file empty")
+        << int(esMaterial) << Call([](OxaWriter& w) { w.MaterialTexture(L""); }) << "<tex file=\"\"/>";
+    QTest::newRow("box") << int(esData3D) << Call([=](OxaWriter& w) { w.OptOBB(o, x, y, z); })
+                         << "<optOBB ref=\"0 0 0\" vx=\"1 0 0\" vy=\"0 2 0\" vz=\"0 0 3.5\"/>";
+    QTest::newRow("symmetric contacts") << int(esTopologySection) << Call([](OxaWriter& w) {
+        w.StartContacts(0.005, L"m", true);
+        w.EndContacts();
+    }) << "<contacts eps=\"0.005\" unit=\"m\"/>";
+    QTest::newRow("one-way intersections") << int(esTopologySection) << Call([](OxaWriter& w) {
+        w.StartIntersections({}, L"", false);
+        w.EndIntersections();
+    }) << "<intersections sym=\"false\"/>";
+    QTest::newRow("height relation") << int(esHRefs) << Call([](OxaWriter& w) {
+        w.HRefRel(L"o", L"", L"u");
+        w.HRefRel(L"o", L"l", L"u");
+    }) << "<hRefRel refID=\"o\" hRefU=\"u\"/><hRefRel refID=\"o\" hRefL=\"l\" hRefU=\"u\"/>";
+    QTest::newRow("perspective camera")
+        << int(esView)
+        << Call([=](OxaWriter& w) { w.Camera(x, o, z, 0.1, 100, 45, 1.5, 0, 9, 9, 9, 9, y, y); })
+        << "<camera eye=\"1 0 0\" lookat=\"0 0 0\" up=\"0 0 3.5\" nearPlane=\"0.1\" farPlane=\"100\" "
+           "viewAngle=\"45\" aspectRatio=\"1.5\" projType=\"perspective\"/>";
+    QTest::newRow("orthographic camera")
+        << int(esView) << Call([=](OxaWriter& w) { w.Camera(x, o, z, 0.1, 100, 0, 1, 1, 2, 3, 4, 5, y, x); })
+        << "<camera eye=\"1 0 0\" lookat=\"0 0 0\" up=\"0 0 3.5\" nearPlane=\"0.1\" farPlane=\"100\" "
+           "viewAngle=\"0\" aspectRatio=\"1\" projType=\"orthographic\" "
+           "expOrthoWidth=\"2\" expOrthoHeight=\"3\" orthoWidth=\"4\" orthoHeight=\"5\" savedEye=\"0 2 0\" "
+           "savedLookat=\"1 0 0\"/>";
+    QTest::newRow("view with image bytes") << int(esViewContainer) << Call([](OxaWriter& w) {
+        w.StartView(L"v", L"", true, L"", reinterpret_cast<const unsigned char*>("abc"), 3);
+        w.EndView();
+    }) << "<view ID=\"v\" current=\"true\"><thumbnail>YWJj</thumbnail></view>";
+    QTest::newRow("view with thumbnail file") << int(esViewContainer) << Call([](OxaWriter& w) {
+        w.StartView(L"v", L"N", false, L"t.png", nullptr, 5);
+        w.EndView();
+    }) << "<view ID=\"v\" name=\"N\" current=\"false\" thumbnail=\"t.png\"/>";
+    QTest::newRow("light and placements")
+        << int(esView) << Call([=](OxaWriter& w) {
+               w.StartLight(2, L"", true);
+               w.Spot(x, y, 30);
+               w.Positional(x);
+               w.Directional(z);
+               w.EndLight();
+           })
+        << "<light nr=\"2\" off=\"true\"><spot pos=\"1 0 0\" dir=\"0 2 0\" cutoff=\"30\"/><positional "
+           "pos=\"1 0 0\"/><directional dir=\"0 0 3.5\"/></light>";
+    QTest::newRow("clipping plane") << int(esView) << Call([=](OxaWriter& w) { w.ClpPlane(z, 1.5, false); })
+                                    << "<clpPlane n=\"0 0 3.5\" d=\"1.5\" off=\"false\"/>";
+    QTest::newRow("result with value zero and no quality")
+        << int(esFormula) << Call([](OxaWriter& w) { w.Result(L"o", 0.0, L"", 0, L""); })
+        << "<result refID=\"o\" value=\"0\"></result>";
+    QTest::newRow("result with quality and text")
+        << int(esFormula) << Call([](OxaWriter& w) { w.Result(L"o", {}, L"a & b", 3, L"g"); })
+        << "<result refID=\"o\" quality=\"3\" geometry=\"g\">a &amp; b</result>";
+    QTest::newRow("plain unit") << int(esUnitSection)
+                                << Call([](OxaWriter& w) { w.Unit(L"m", 1, 2, {}, 0, L"", L"", {}, L""); })
+                                << "<unit dim=\"1\">m</unit>";
+    QTest::newRow("full unit")
+        << int(esUnitSection)
+        << Call([](OxaWriter& w) { w.Unit(L"mm", 1, 0, 3L, 1, L"m", L"m", 0.001, L"Millimetre"); })
+        << "<unit dim=\"1\" roundMode=\"up\" digits=\"3\" digitsMode=\"decimal\" baseUnit=\"m\" "
+           "linearBaseUnit=\"m\" convFactor=\"0.001\" desc=\"Millimetre\">mm</unit>";
+    QTest::newRow("schedule repeats its reference") << int(esActivitySection) << Call([](OxaWriter& w) {
+        w.StartSchedule(L"s", L"S", L"R", -1, L"R");
+        w.EndSchedule();
+    }) << "<schedule ID=\"s\" name=\"S\" ref=\"R\"><desc>R</desc></schedule>";
+    QTest::newRow("schedule with duration 0") << int(esActivitySection) << Call([](OxaWriter& w) {
+        w.StartSchedule(L"s", L"", L"", 0, L"");
+        w.EndSchedule();
+    }) << "<schedule ID=\"s\" duration=\"0\"/>";
+    QTest::newRow("activity") << int(esSchedule) << Call([](OxaWriter& w) {
+        w.StartActivity(L"a", L"", L"1.2", 5, L"o");
+        w.EndActivity();
+    }) << "<activity ID=\"a\" refID=\"o\" wbs=\"1.2\" duration=\"5\"/>";
+    QTest::newRow("activity with visualisation type") << int(esActivity) << Call([](OxaWriter& w) {
+        w.StartActivityVis(L"a", L"A", L"", -1, L"o", L"bar");
+        w.EndActivity();
+    }) << "<activity ID=\"a\" refID=\"o\" name=\"A\" visType=\"bar\"/>";
+    QTest::newRow("dates") << int(esSchedule) << Call([](OxaWriter& w) {
+        w.Start(2024, 6, 1, 12, 0, 5);
+        w.End(2025, 12, 31, 23, 59, 59);
+    }) << "<start date=\"2024-06-01\" time=\"12:00:05\"/><end date=\"2025-12-31\" time=\"23:59:59\"/>";
+    QTest::newRow("object set") << int(esSetSection) << Call([](OxaWriter& w) {
+        w.ObjectSet(L"s", L"", L"Object3D", {L"B", L"A"});
+    }) << "<set ID=\"s\" ctype=\"Object3D\">A B</set>";
+    QTest::newRow("smart set") << int(esSetContainer)
+                               << Call([](OxaWriter& w) { w.SmartSet(L"s", L"N", L"c", L"x < 3"); })
+                               << "<set ID=\"s\" name=\"N\" type=\"1\" ctype=\"c\">x &lt; 3</set>";
+    QTest::newRow("structure types") << int(esBsTypes) << Call([](OxaWriter& w) {
+        w.StartBsType(L"t", L"", 6);
+        w.StartBsType(L"u", L"", 22);
+        w.EndBsType();
+        w.EndBsType();
+    }) << "<bsType ID=\"t\" type=\"Level\"><bsType ID=\"u\" type=\"\"/></bsType>";
+    QTest::newRow("arc with normal") << int(esObject2D)
+                                     << Call([](OxaWriter& w) { w.Arc(1, 2.5, 0, 360, {}, {}, 1.0); })
+                                     << "<a cp=\"1\" radius=\"2.5\" a1=\"0\" a2=\"360\" nvz=\"1\"/>";
+    QTest::newRow("text") << int(esObject2D) << Call([](OxaWriter& w) {
+        w.StartText(0, 1.0, {}, {}, L"T", 1, L"Arial", 12, true, false);
+        w.Color(0, 0, 0, 1.0);
+        w.EndText();
+    })
+                          << "<txt p1=\"0\" vx=\"1\" value=\"T\" align=\"Center\" font=\"Arial\" size=\"12\" "
+                             "bold=\"true\" italic=\"false\"><color r=\"0\" g=\"0\" b=\"0\" a=\"1\"/></txt>";
+    QTest::newRow("text with unknown alignment") << int(esObject2D) << Call([](OxaWriter& w) {
+        w.StartText(0, {}, {}, {}, L"", 5, L"", 0, false, true);
+        w.EndText();
+    }) << "<txt p1=\"0\" value=\"\" font=\"\" size=\"0\" bold=\"false\" italic=\"true\"/>";
+    QTest::newRow("message")
+        << int(esMsgGrp) << Call([](OxaWriter& w) {
+               w.StartMsgInfo(2, L"mod", 2024, 1, 2, 3, 4, 5, L"");
+               w.MsgTxt(L"t");
+               w.MsgSet(L"s");
+               w.EndMsgInfo();
+           })
+        << "<msgInfo type=\"Warning\" module=\"mod\" "
+           "timeStamp=\"2024-01-02T03:04:05\"><msgTxt>t</msgTxt><msgSet refID=\"s\"/></msgInfo>";
+    QTest::newRow("item") << int(esItems) << Call([](OxaWriter& w) {
+        w.StartItem(L"i", L"k", L"", L"n", L"");
+        w.EndItem();
+    }) << "<item ID=\"i\" key=\"k\" name=\"n\"/>";
+    QTest::newRow("formula") << int(esItemData) << Call([](OxaWriter& w) {
+        w.StartFormula(true, false, L"", L"v");
+        w.EndFormula();
+    }) << "<formula orig=\"true\" qto=\"false\" var=\"v\"/>";
+}
+
+void tst_OxaWriter::elements() {
+    QFETCH(int, parent);
+    QFETCH(Call, call);
+    QFETCH(QString, written);
+    QCOMPARE(Fragment(parent, call), written);
+}
+
+void tst_OxaWriter::idMapping() {
+    Session session;
+    OxaWriter& w = session.writer;
+    Enter(w, esObjects);
+    QCOMPARE(w.MapID(L"A", false), std::wstring(L"A")); // no map yet
+    const std::uint64_t before = w.BytesWritten();
+    w.IDMapping({L"B", L"", L"A"});
+    w.Abandon();
+    QCOMPARE(QString::fromStdString(session.out.str().substr(std::size_t(before))),
+             QString("><IDMapping version=\"1.4\"><ID k=\"1\" v=\"\"/><ID k=\"2\" v=\"A\"/><ID k=\"3\" "
+                     "v=\"B\"/></IDMapping>"));
+    QCOMPARE(w.MapID(L"A", false), std::wstring(L"2"));
+    QCOMPARE(w.MapID(L"Z", false), std::wstring(L"Z"));
+    QCOMPARE(w.MapID(L"", false), std::wstring(L"1"));
+    QCOMPARE(w.MapID(L"", true), std::wstring());
+    QCOMPARE(w.MapID(L"B", true), std::wstring(L"3"));
+
+    // Optional references skip the empty ID, mandatory ones map it.
+    QCOMPARE(Fragment(0,
+                      [](OxaWriter& x) {
+                          x.IDMapping({L"", L"A"});
+                          x.StartContainer(L"", L"", L"", false);
+                          x.StartObject3D(L"A", L"", L"", false, L"");
+                          x.EndObject3D();
+                          x.EndContainer();
+                          x.StartData3D(L"");
+                          x.EndData3D();
+                          x.StartPropertySection();
+                          x.Property(L"A", L"n", L"xs:IDREF", L"A", L"");
+                          x.Property(L"A", L"n", L"xs:string", L"A", L"mm");
+                          x.EndPropertySection();
+                      }),
+             QString("<IDMapping version=\"1.4\"><ID k=\"1\" v=\"\"/><ID k=\"2\" v=\"A\"/></IDMapping>"
+                     "<container ID=\"1\"><object3D ID=\"2\"/></container><data3D refID=\"\"/>"
+                     "<propertySection version=\"1.5\"><property refID=\"2\" name=\"n\" "
+                     "datatype=\"xs:IDREF\">2</property>"
+                     "<property refID=\"2\" name=\"n\" datatype=\"xs:string\" "
+                     "unit=\"mm\">A</property></propertySection>"));
+
+    // An empty set writes nothing and clears the map.
+    Session other;
+    Enter(other.writer, esObjects);
+    other.writer.IDMapping({L"A"});
+    const std::uint64_t end = other.writer.BytesWritten();
+    other.writer.IDMapping({});
+    QCOMPARE(other.writer.BytesWritten(), end);
+    QCOMPARE(other.writer.MapID(L"A", false), std::wstring(L"A"));
+}
+
+QTEST_GUILESS_MAIN(tst_OxaWriter)
+#include "tst_OxaWriter.moc"
