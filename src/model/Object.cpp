@@ -252,14 +252,7 @@ void Object::activate_from_xmldata(const QString& xml) {
 }
 
 Object* Object::xml_to_object(RepositoryP* repository, const QString& xml) {
-    auto* object = new Object(xml_object_id(xml), repository);
-    try {
-        object->activate_from_xmldata(xml);
-    } catch (...) {
-        delete object;
-        throw;
-    }
-    return object;
+    return filled_from_xml(new Object(xml_object_id(xml), repository), xml);
 }
 
 void Object::insert_property(Property* property) { insert_member(_properties, property); }

@@ -283,9 +283,12 @@ int DataIO_3ds::load3ds(model::System* system, const QString& fileName, double s
         return -1;
     }
     const unsigned int size = stream.size();
+    // The file is no chunk with a length of its own: a chunk at the top that claims more than
+    // the file holds is a cut-off file, read as far as it goes.
+    const unsigned int unbounded = 0xFFFFFFFFu;
     while (stream.before(size)) {
         Chunk3ds head;
-        if (!stream.chunk(head, size))
+        if (!stream.chunk(head, unbounded))
             break;
         switch (head.id) {
         case MAIN:
@@ -390,8 +393,9 @@ void DataIO_3ds::read_MAT_ENTRY(model::System* system, unsigned int end, mesh3D:
         if (head.id == MATERIAL_NAME) {
             QString name;
             if (stream.name(name, head.end - stream.position(), head.end) && !material) {
-                const QString full_name = element_name(system, name);
-                material = new mesh3D::Material(system, full_name, full_name);
+                // A fresh identifier: a material often shares its name with a mesh of the file.
+                material = new mesh3D::Material(system, basic::create_ID(),
+                                                s.prefix + QStringLiteral("::") + name);
                 if (!s.materials.contains(name))
                     s.materials.insert(name, material);
                 s.material_order.append(material);
