@@ -180,11 +180,8 @@ void read_faces(unsigned int end) {
             face.index[c] = index;
         }
         // Without any vertex there is no point to draw a face with.
-        if (vertex_count == 0)
-            continue;
-        for (int c = 0; c < 3; ++c)
-            face.corner[c] = object.vertices.at(face.index[c]);
-        object.faces.append(face);
+        if (vertex_count > 0)
+            object.faces.append(face);
     }
 }
 
@@ -489,13 +486,19 @@ mesh3D::Object3D* DataIO_3ds::create_surface(model::System* system, obj_type& ob
     Import& s = state();
     const QString name = element_name(system, object.name);
     auto* surface = new mesh3D::Object3D(s.root, system, name, basic::unit_m, name);
+    QVector<mesh3D::Vertex*> kept(object.vertices.size(), nullptr);
     for (const face_type& face : qAsConst(object.faces)) {
         mesh3D::Vertex* corners[3];
         for (int c = 0; c < 3; ++c) {
-            auto* vertex = new mesh3D::Vertex(face.corner[c].x, face.corner[c].y, face.corner[c].z);
-            corners[c] = surface->add(vertex);
-            if (corners[c] != vertex)
-                delete vertex;
+            mesh3D::Vertex*& corner = kept[face.index[c]];
+            if (!corner) {
+                const point3& p = object.vertices.at(face.index[c]);
+                auto* vertex = new mesh3D::Vertex(p.x, p.y, p.z);
+                corner = surface->add(vertex);
+                if (corner != vertex)
+                    delete vertex;
+            }
+            corners[c] = corner;
         }
         surface->add(new mesh3D::Triangle(corners[0], corners[1], corners[2]));
     }

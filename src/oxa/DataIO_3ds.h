@@ -41,10 +41,8 @@ public:
         double y = 0.0;
         double z = 0.0;
     };
-    /// One face: its three corners by value, and their places in the mesh's vertex list, which
-    /// the texture coordinates follow.
+    /// One face: the places of its three corners in the mesh's vertex list, always within it.
     struct face_type {
-        point3 corner[3];
         unsigned short index[3] = {0, 0, 0};
     };
     /// One mesh while it is being read.
@@ -83,7 +81,9 @@ public:
     static void read_MAT_ENTRY(model::System* system, unsigned int end, mesh3D::Material* material);
     static void read_KFDATA(unsigned int end);
     static void read_OBJECT_NODE_TAG(unsigned int end);
-    /// One object from a mesh: three vertices and a triangle per face; the mesh's material, or
+    /// One object from a mesh: a triangle per face over vertices that the surface welds (each
+    /// point of the file is entered once, as coincident corners end up shared anyway); the
+    /// mesh's material, or
     /// the fallback with a line on standard error when the file names none that it defines.
     static mesh3D::Object3D* create_surface(model::System* system, obj_type& object);
     /// Normals, their orientation, the edges above 45 degrees and the triangle order of every
