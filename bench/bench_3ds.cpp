@@ -12,6 +12,7 @@
 #include <QTemporaryDir>
 #include <QtEndian>
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <cstdio>
@@ -138,17 +139,21 @@ int main() {
     for (int run = 0; run < 3; ++run)
         baseline = std::min(baseline, bare_read(path, checksum));
 
-    model::System system(true);
-    QString error;
-    const auto start = Clock::now();
-    oxaIO::OxaObjects* document = oxa::DataIO_3ds::import_file(&system, nullptr, path, 1.0, &error);
-    const double import = seconds_since(start);
-    if (!document) {
-        std::fprintf(stderr, "import failed: %s\n", qPrintable(error));
-        return 1;
+    // Best of three on both sides, as the machine is shared.
+    double import = 1e9;
+    for (int run = 0; run < 3; ++run) {
+        model::System system(true);
+        QString error;
+        const auto start = Clock::now();
+        oxaIO::OxaObjects* document = oxa::DataIO_3ds::import_file(&system, nullptr, path, 1.0, &error);
+        import = std::min(import, seconds_since(start));
+        if (!document) {
+            std::fprintf(stderr, "import failed: %s\n", qPrintable(error));
+            return 1;
+        }
+        delete document;
+        mesh3D::Material::DeleteGlobalMaterials(&system);
     }
-    delete document;
-    mesh3D::Material::DeleteGlobalMaterials(&system);
 
     std::printf("file: %ld faces in %d meshes, %.1f MB\n", faces, meshes, megabytes);
     std::printf("3ds import: %.3f s, %.0f faces/s\n", import, faces / import);
