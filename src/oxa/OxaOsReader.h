@@ -5,9 +5,6 @@
 #include <QHash>
 #include <QString>
 
-namespace model {
-class System;
-}
 namespace oxaIO {
 class OxaObjects;
 }
@@ -39,7 +36,6 @@ private:
 
     oxaIO::OxaObjects* result = nullptr;
     OxaRoot* root = nullptr;
-    model::System* system = nullptr;
     // Reserved for a reader of a real store; nothing uses them yet.
     QHash<QString, QString> firstTable;
     QHash<QString, QString> secondTable;
