@@ -3,6 +3,7 @@
 // coordinate and index decoded, which is the least any importer has to do.
 
 #include "mesh3D/Material.h"
+#include "mesh3D/Surface.h"
 #include "model/System.h"
 #include "oxa/DataIO_3ds.h"
 #include "oxaIO/OxaObjects.h"
@@ -152,6 +153,8 @@ int main() {
             return 1;
         }
         delete document;
+        mesh3D::Surface::DeleteGlobalQSColumnObject(&system);
+        mesh3D::Material::DeleteGlobalQSColumnMaterial(&system);
         mesh3D::Material::DeleteGlobalMaterials(&system);
     }
 

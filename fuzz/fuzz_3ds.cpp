@@ -23,7 +23,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             return 0;
         file.write(reinterpret_cast<const char*>(data), static_cast<qint64>(size));
     }
-    model::System system(true);
+    // Without quick search: the per-system columns are the host's to free, not the import's.
+    model::System system(false);
     QString error;
     delete oxa::DataIO_3ds::import_file(&system, nullptr, path, 1.0, &error);
     mesh3D::Material::DeleteGlobalMaterials(&system);

@@ -40,6 +40,8 @@ struct Imported {
 
     ~Imported() {
         objects.reset();
+        mesh3D::Surface::DeleteGlobalQSColumnObject(&system);
+        mesh3D::Material::DeleteGlobalQSColumnMaterial(&system);
         mesh3D::Material::DeleteGlobalMaterials(&system);
     }
 
