@@ -33,18 +33,6 @@ std::wstring Triple(const VCoords3D& c) {
     return text;
 }
 
-std::wstring CoordPairs(const std::vector<VCoords2D>& coords) {
-    std::wstring text;
-    for (const VCoords2D& c : coords) {
-        if (!text.empty())
-            text += L' ';
-        text += XMLConvertDouble2Text(c.x);
-        text += L' ';
-        text += XMLConvertDouble2Text(c.y);
-    }
-    return text;
-}
-
 bool InClosedRange(double value, double low, double high) {
     return value >= low && value <= high;
 }
@@ -105,16 +93,7 @@ private:
     int count = 0;
 };
 
-/// The attributes of vertices and triangles, which make up the bulk of a document: built once
-/// and given new values for each element.
-struct OxaWriter::BulkAttributes {
-    CXMLAttribut nr{L"nr", L""}, x{L"x", L""}, y{L"y", L""}, z{L"z", L""};
-    CXMLAttribut* point[5] = {&nr, &x, &y, &z, nullptr};
-    CXMLAttribut p1{L"p1", L""}, p2{L"p2", L""}, p3{L"p3", L""};
-    CXMLAttribut* triangle[4] = {&p1, &p2, &p3, nullptr};
-};
-
-OxaWriter::OxaWriter() : bulk(new BulkAttributes()) {}
+OxaWriter::OxaWriter() = default;
 
 OxaWriter::~OxaWriter() = default;
 
@@ -420,13 +399,16 @@ void OxaWriter::EndGenericObject() {
 // ----------------------------------------------------------------------------------------------
 // Geometry
 
+// Vertices and triangles make up the bulk of a document: their numbers go straight into the
+// output, without attribute objects.
+
 void OxaWriter::Point(int nr, double x, double y, double z) {
     _Check(L"Point", {esObject2D, esData3D});
-    bulk->nr.SetLongValue(nr);
-    bulk->x.SetDoubleValue(x);
-    bulk->y.SetDoubleValue(y);
-    bulk->z.SetDoubleValue(z);
-    StartElement(L"p", bulk->point);
+    _OpenStartTag(L"p");
+    _LongAttribute(L"nr", nr);
+    _DoubleAttribute(L"x", x);
+    _DoubleAttribute(L"y", y);
+    _DoubleAttribute(L"z", z);
     elementStack.push_back(esP);
     _Close();
 }
@@ -441,42 +423,42 @@ void OxaWriter::Line(int p1, int p2) {
 
 void OxaWriter::Triangle(int p1, int p2, int p3, const std::vector<VCoords2D>& textureCoords) {
     _Check(L"Triangle", {esObject2D, esData3D, esTess, esSolid, esFace});
-    bulk->p1.SetLongValue(p1);
-    bulk->p2.SetLongValue(p2);
-    bulk->p3.SetLongValue(p3);
-    StartElement(L"t", bulk->triangle);
+    _OpenStartTag(L"t");
+    _LongAttribute(L"p1", p1);
+    _LongAttribute(L"p2", p2);
+    _LongAttribute(L"p3", p3);
     elementStack.push_back(esT);
-    if (textureCoords.size() == 3) {
-        Attributes coords;
-        coords.Add(L"coords", CoordPairs(textureCoords));
-        _Single(esTex, L"tex", coords);
-    }
+    if (textureCoords.size() == 3)
+        _TextureCoords(textureCoords);
     _Close();
 }
 
 void OxaWriter::StartPolyline(const std::vector<int>& points, const std::vector<VCoords2D>& textureCoords,
                               EPolylineType type) {
     _Check(L"StartPolyline", {esObject2D, esData3D, esSolid, esFace});
-    std::wstring indices;
-    indices.reserve(points.size() * 7);
-    for (int point : points) {
-        if (!indices.empty())
-            indices += L' ';
-        indices += XMLConvertLong2Text(point);
-    }
-    Attributes attributes;
-    attributes.AddLong(L"length", long(points.size()));
-    attributes.Add(L"points", indices);
+    _OpenStartTag(L"pl");
+    _LongAttribute(L"length", long(points.size()));
+    _LongsAttribute(L"points", points.data(), points.size());
     if (type == plChain)
-        attributes.Add(L"type", L"Chain");
+        _TextAttribute(L"type", L"Chain");
     else if (type != plNone)
-        attributes.Add(L"type", L"Polygon");
-    _Open(esPl, L"pl", attributes);
-    if (!textureCoords.empty()) {
-        Attributes coords;
-        coords.Add(L"coords", CoordPairs(textureCoords));
-        _Single(esTex, L"tex", coords);
+        _TextAttribute(L"type", L"Polygon");
+    elementStack.push_back(esPl);
+    if (!textureCoords.empty())
+        _TextureCoords(textureCoords);
+}
+
+/// A `tex` element with the coordinates as pairs in one list.
+void OxaWriter::_TextureCoords(const std::vector<VCoords2D>& coords) {
+    numbers.clear();
+    for (const VCoords2D& c : coords) {
+        numbers.push_back(c.x);
+        numbers.push_back(c.y);
     }
+    _OpenStartTag(L"tex");
+    _DoublesAttribute(L"coords", numbers.data(), numbers.size());
+    elementStack.push_back(esTex);
+    _Close();
 }
 
 void OxaWriter::StartTesselation() {

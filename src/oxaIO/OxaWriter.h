@@ -7,7 +7,6 @@
 
 #include <deque>
 #include <map>
-#include <memory>
 #include <set>
 #include <string>
 #include <vector>
@@ -266,7 +265,6 @@ public:
 
 private:
     class Attributes;
-    struct BulkAttributes;
 
     void _Check(const wchar_t* word, std::initializer_list<int> allowed) const;
     void _CheckStrict(const wchar_t* word, std::initializer_list<int> allowed) const;
@@ -275,6 +273,7 @@ private:
     /// An element without children: opened, given its text if any, and closed.
     void _Single(int state, const wchar_t* name, Attributes& attributes, const wchar_t* text = nullptr);
     void _End(const wchar_t* word, int state);
+    void _TextureCoords(const std::vector<VCoords2D>& coords);
     void _VersionedSection(const wchar_t* word, int state, const wchar_t* name, const wchar_t* version);
     void _IDName(const wchar_t* word, std::initializer_list<int> allowed, int state, const wchar_t* name,
                  const wstring& id, const wstring& displayName, bool single);
@@ -292,7 +291,7 @@ private:
 
     std::deque<int> elementStack;
     std::map<wstring, wstring> idMap;
-    std::unique_ptr<BulkAttributes> bulk;
+    std::vector<double> numbers; ///< kept between elements so that lists of numbers allocate once
 };
 
 } // namespace oxaIO

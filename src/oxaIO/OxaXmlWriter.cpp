@@ -595,8 +595,13 @@ OxaXmlWriter::VertexNumbers::VertexNumbers(std::size_t capacity) {
 
 std::size_t OxaXmlWriter::VertexNumbers::_Slot(const IVertex* vertex) const {
     const std::size_t mask = table.size() - 1;
-    // Fibonacci hashing: the top bits of the product spread neighbouring addresses.
-    std::size_t slot = std::size_t((std::uint64_t(std::uintptr_t(vertex)) * 0x9E3779B97F4A7C15ull) >> shift);
+    // Each 256-byte block of memory owns a group of 16 neighbouring slots, chosen by Fibonacci
+    // hashing of the block's address; the address inside the block picks the slot in the group.
+    // Vertices stored side by side, as hosts keep them, so fill neighbouring slots, and a walk
+    // over neighbouring triangles finds their numbers in the cache.
+    const std::uint64_t address = std::uintptr_t(vertex);
+    std::size_t slot =
+        std::size_t(((address >> 8) * 0x9E3779B97F4A7C15ull) >> shift) ^ std::size_t((address >> 4) & 15);
     while (table[slot].first && table[slot].first != vertex)
         slot = (slot + 1) & mask;
     return slot;

@@ -41,6 +41,23 @@ struct EscapeTable {
 const EscapeTable attributeEscapes(true);
 const EscapeTable textEscapes(false);
 
+char* FormatNumber(char* out, int value) {
+    return XMLFormatLong(out, value);
+}
+
+char* FormatNumber(char* out, long value) {
+    return XMLFormatLong(out, value);
+}
+
+char* FormatNumber(char* out, double value) {
+    return XMLFormatDouble(out, value);
+}
+
+/// Also for a wide character type that is signed.
+bool IsAscii(wchar_t c) {
+    return std::uint32_t(c) < 0x80;
+}
+
 bool IsXmlCharacter(char32_t c) {
     return (c >= 0x20 && c < 0xD800) || (c >= 0xE000 && c < 0xFFFE) || (c >= 0x10000 && c <= 0x10FFFF);
 }
@@ -123,6 +140,12 @@ void CXMLSaxWriter::EndDocument() {
 }
 
 void CXMLSaxWriter::StartElement(const wchar_t* name, CXMLAttribut** attributes) {
+    _OpenStartTag(name);
+    for (CXMLAttribut** attribute = attributes; attribute && *attribute; ++attribute)
+        _TextAttribute((*attribute)->Name(), (*attribute)->Value());
+}
+
+void CXMLSaxWriter::_OpenStartTag(const wchar_t* name) {
     if (!active)
         _Misuse(L"StartElement: no document in progress");
     if (!name || !*name)
@@ -136,16 +159,61 @@ void CXMLSaxWriter::StartElement(const wchar_t* name, CXMLAttribut** attributes)
     _Encode(name, openNames);
     _AppendRaw("<", 1);
     _AppendRaw(openNames.data() + nameStart, openNames.size() - nameStart);
-    for (CXMLAttribut** attribute = attributes; attribute && *attribute; ++attribute) {
-        _AppendRaw(" ", 1);
-        // Names are the caller's own; like text they never hold markup.
-        _AppendEscaped((*attribute)->Name(), false);
-        _AppendRaw("=\"", 2);
-        _AppendEscaped((*attribute)->Value(), true);
-        _AppendRaw("\"", 1);
-    }
     openElements.push_back({nameStart, false, false});
     startTagOpen = true;
+}
+
+void CXMLSaxWriter::_BeginAttribute(const wchar_t* name) {
+    if (!startTagOpen)
+        _Misuse(L"StartElement: an attribute outside a start tag");
+    // Names are the caller's own; like text they never hold markup. They are nearly always
+    // short plain ASCII, copied here as they are; whatever follows goes through the escapes.
+    constexpr std::ptrdiff_t plainName = 32;
+    _Reserve(plainName + 1);
+    char* out = fill;
+    *out++ = ' ';
+    const wchar_t* c = name;
+    for (; *c && c - name < plainName && IsAscii(*c) && !textEscapes.text[*c]; ++c)
+        *out++ = char(*c);
+    fill = out;
+    if (*c)
+        _AppendEscaped(c, false);
+    _AppendRaw("=\"", 2);
+}
+
+void CXMLSaxWriter::_TextAttribute(const wchar_t* name, const wchar_t* value) {
+    _BeginAttribute(name);
+    _AppendEscaped(value, true);
+    _AppendRaw("\"", 1);
+}
+
+/// Numbers need no escapes: they are formatted straight into the buffer.
+template <typename Number>
+void CXMLSaxWriter::_NumbersAttribute(const wchar_t* name, const Number* values, std::size_t count) {
+    _BeginAttribute(name);
+    for (std::size_t i = 0; i < count; ++i) {
+        _Reserve(XMLMaxNumberChars + 1);
+        if (i > 0)
+            *fill++ = ' ';
+        fill = FormatNumber(fill, values[i]);
+    }
+    _AppendRaw("\"", 1);
+}
+
+void CXMLSaxWriter::_LongAttribute(const wchar_t* name, long value) {
+    _NumbersAttribute(name, &value, 1);
+}
+
+void CXMLSaxWriter::_DoubleAttribute(const wchar_t* name, double value) {
+    _NumbersAttribute(name, &value, 1);
+}
+
+void CXMLSaxWriter::_LongsAttribute(const wchar_t* name, const int* values, std::size_t count) {
+    _NumbersAttribute(name, values, count);
+}
+
+void CXMLSaxWriter::_DoublesAttribute(const wchar_t* name, const double* values, std::size_t count) {
+    _NumbersAttribute(name, values, count);
 }
 
 void CXMLSaxWriter::EndElement() {
@@ -243,7 +311,7 @@ void CXMLSaxWriter::_AppendRawInBlocks(const char* text, std::size_t length) {
 
 void CXMLSaxWriter::_Encode(const wchar_t* name, std::string& utf8) {
     for (; name && *name; ++name) {
-        if (*name < 0x80) {
+        if (IsAscii(*name)) {
             utf8 += char(*name);
             continue;
         }
@@ -262,7 +330,7 @@ void CXMLSaxWriter::_AppendEscaped(const wchar_t* text, bool attribute) {
         char* const stop = limit - maxCharBytes;
         for (; *c && out <= stop; ++c) {
             const wchar_t ch = *c;
-            if (ch < 0x80) {
+            if (IsAscii(ch)) {
                 if (const char* escape = escapes.text[ch]) {
                     const std::size_t length = std::strlen(escape);
                     std::memcpy(out, escape, length);

@@ -76,6 +76,19 @@ public:
     /// Bytes produced since the start of the document, buffered ones included.
     std::uint64_t BytesWritten() const { return written + std::uint64_t(fill - buffer.get()); }
 
+protected:
+    /// `StartElement` in pieces, for a writer that hands over its values as they are instead of
+    /// building `CXMLAttribut`s first: `_OpenStartTag` opens the element, and the attribute
+    /// calls that follow it, before anything else is written, add attributes in call order.
+    /// Numbers take the text of `XMLConvertLong2Text` and `XMLConvertDouble2Text`.
+    void _OpenStartTag(const wchar_t* name);
+    void _TextAttribute(const wchar_t* name, const wchar_t* value);
+    void _LongAttribute(const wchar_t* name, long value);
+    void _DoubleAttribute(const wchar_t* name, double value);
+    /// The numbers separated by single blanks.
+    void _LongsAttribute(const wchar_t* name, const int* values, std::size_t count);
+    void _DoublesAttribute(const wchar_t* name, const double* values, std::size_t count);
+
 private:
     struct OpenElement {
         std::size_t nameStart; ///< where its name begins in `openNames`
@@ -84,6 +97,10 @@ private:
     };
 
     void _Begin(bool declaration, bool indent);
+    /// Writes ` name="` into the open start tag.
+    void _BeginAttribute(const wchar_t* name);
+    template <typename Number>
+    void _NumbersAttribute(const wchar_t* name, const Number* values, std::size_t count);
     void _CloseStartTag();
     void _NewLine(std::size_t depth);
     void _AppendRaw(const char* text, std::size_t length) {

@@ -1,5 +1,6 @@
 #include "tavxmln/XMLConvert.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstdint>
 #include <cstdio>
@@ -209,23 +210,32 @@ bool XMLConvertText2DateTime(const wchar_t* text, int& year, int& month, int& da
     return true;
 }
 
+char* XMLFormatLong(char* out, long value) {
+    return std::to_chars(out, out + XMLMaxNumberChars, value).ptr;
+}
+
+char* XMLFormatDouble(char* out, double value) {
+    if (value != value)
+        return std::copy_n("NaN", 3, out);
+    if (value == std::numeric_limits<double>::infinity())
+        return std::copy_n("INF", 3, out);
+    if (value == -std::numeric_limits<double>::infinity())
+        return std::copy_n("-INF", 4, out);
+    // The shortest form that reads back to the same double needs at most 24 characters.
+    return std::to_chars(out, out + XMLMaxNumberChars, value).ptr;
+}
+
 const wchar_t* XMLConvertLong2Text(long value) {
-    thread_local wchar_t text[32];
-    char buffer[32];
-    *std::to_chars(buffer, buffer + sizeof buffer - 1, value).ptr = '\0';
+    thread_local wchar_t text[XMLMaxNumberChars + 1];
+    char buffer[XMLMaxNumberChars + 1];
+    *XMLFormatLong(buffer, value) = '\0';
     return Widen(buffer, text);
 }
 
 const wchar_t* XMLConvertDouble2Text(const double& value) {
-    thread_local wchar_t text[64];
-    char buffer[64];
-    if (value != value)
-        return Widen("NaN", text);
-    if (value == std::numeric_limits<double>::infinity())
-        return Widen("INF", text);
-    if (value == -std::numeric_limits<double>::infinity())
-        return Widen("-INF", text);
-    *std::to_chars(buffer, buffer + sizeof buffer - 1, value).ptr = '\0';
+    thread_local wchar_t text[XMLMaxNumberChars + 1];
+    char buffer[XMLMaxNumberChars + 1];
+    *XMLFormatDouble(buffer, value) = '\0';
     return Widen(buffer, text);
 }
 

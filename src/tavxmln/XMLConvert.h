@@ -2,6 +2,8 @@
 
 #include "zentra_export.h"
 
+#include <cstddef>
+
 /// Text forms of the typed values in a document, independent of the locale: a decimal point,
 /// no grouping. Reading gives false on a text that is not exactly one value of the kind
 /// (surrounding blanks, tabs and line breaks are allowed). Writing returns a text owned by the
@@ -33,5 +35,13 @@ ZENTRA_EXPORT const wchar_t* XMLConvertDateTime2Text(int year, int month, int da
                                                      int second);
 ZENTRA_EXPORT const wchar_t* XMLConvertDate2Text(int year, int month, int day);
 ZENTRA_EXPORT const wchar_t* XMLConvertTime2Text(int hour, int minute, int second);
+
+/// Room that the number formatters below need at most.
+constexpr std::size_t XMLMaxNumberChars = 32;
+/// Write the text of `XMLConvertLong2Text` and `XMLConvertDouble2Text` in ASCII at `out`, which
+/// has room for `XMLMaxNumberChars`, and return the end. The wide forms are made from these,
+/// and the writer formats with them straight into its output.
+char* XMLFormatLong(char* out, long value);
+char* XMLFormatDouble(char* out, double value);
 
 } // namespace tavxmln

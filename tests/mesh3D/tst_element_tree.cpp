@@ -46,6 +46,7 @@ private slots:
         auto* surface = new Surface(&root, "s", basic::unit_m);
         auto* object = new Object3D(&root, "o", basic::unit_m, "Wall");
         auto* generic = new GenericObject(&root, "g", "Thing");
+        root.children() << surface << object << generic;
         Material material(&system, "m", "Concrete");
         QCOMPARE(root.m_type(), 0x10003u);
         root.IsComposite(true);

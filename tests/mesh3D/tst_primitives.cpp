@@ -44,8 +44,14 @@ private slots:
         model::System system(false);
         Surface surface(nullptr, &system, "s", basic::unit_m);
         auto* polygon = new Polygon;
-        for (const QVector3D& p : points)
-            polygon->append(surface.add(new Vertex(p.x(), p.y(), p.z())));
+        for (const QVector3D& p : points) {
+            // A point that welds onto an older one stays the caller's.
+            auto* vertex = new Vertex(p.x(), p.y(), p.z());
+            Vertex* held = surface.add(vertex);
+            if (held != vertex)
+                delete vertex;
+            polygon->append(held);
+        }
         surface.add(polygon);
         QCOMPARE(polygon->surface(), &surface);
         QCOMPARE(int(polygon->CalculatePolylineType(flags)), type);

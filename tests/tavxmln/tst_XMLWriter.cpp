@@ -8,8 +8,11 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <functional>
+#include <limits>
 #include <memory>
 #include <sstream>
+#include <type_traits>
 
 using namespace tavxmln;
 
@@ -49,6 +52,42 @@ std::string WriteValueTwice(const std::wstring& value) {
     return out.str();
 }
 
+/// Opens the writer's way of writing numbers straight into a start tag.
+class NumberWriter : public CXMLSaxWriter {
+public:
+    using CXMLSaxWriter::_DoubleAttribute;
+    using CXMLSaxWriter::_DoublesAttribute;
+    using CXMLSaxWriter::_LongAttribute;
+    using CXMLSaxWriter::_LongsAttribute;
+    using CXMLSaxWriter::_OpenStartTag;
+};
+
+/// `<e a="value"/>` as the attribute objects write it.
+std::string WriteAttributeObject(const std::function<void(CXMLAttribut&)>& setValue) {
+    std::ostringstream out;
+    CXMLSaxWriter writer;
+    writer.StartDocument(&out, false, false);
+    CXMLAttribut attribute(L"a", L"");
+    setValue(attribute);
+    CXMLAttribut* attributes[] = {&attribute, nullptr};
+    writer.StartElement(L"e", attributes);
+    writer.EndElement();
+    writer.EndDocument();
+    return out.str();
+}
+
+/// The same element with the number formatted straight into the output.
+std::string WriteNumber(const std::function<void(NumberWriter&)>& addAttribute) {
+    std::ostringstream out;
+    NumberWriter writer;
+    writer.StartDocument(&out, false, false);
+    writer._OpenStartTag(L"e");
+    addAttribute(writer);
+    writer.EndElement();
+    writer.EndDocument();
+    return out.str();
+}
+
 } // namespace
 
 class tst_XMLWriter : public QObject {
@@ -60,6 +99,9 @@ private slots:
     void escaping();
     void textThatXmlCannotCarry();
     void attributeCopiesItsTexts();
+    void numbersStraightIntoTheOutput_data();
+    void numbersStraightIntoTheOutput();
+    void numberListsStraightIntoTheOutput();
     void data();
     void outputLargerThanTheBuffer();
     void writeFailures_data();
@@ -133,8 +175,13 @@ void tst_XMLWriter::textThatXmlCannotCarry() {
     value += L'b';
     value += wchar_t(0xFFFF);
     value += wchar_t(0x1F);
+    QString expected = QString("a") + QChar(0xFFFD) + "b" + QChar(0xFFFD) + QChar(0xFFFD);
+    if (std::is_signed<wchar_t>::value) {
+        // A negative value is no character at all.
+        value += wchar_t(-1);
+        expected += QChar(0xFFFD);
+    }
     const CollectingHandler parsed = Parse(WriteValueTwice(value));
-    const QString expected = QString("a") + QChar(0xFFFD) + "b" + QChar(0xFFFD) + QChar(0xFFFD);
     QCOMPARE(parsed.values, QStringList{expected});
     QCOMPARE(parsed.text, expected);
 }
@@ -153,6 +200,58 @@ void tst_XMLWriter::attributeCopiesItsTexts() {
     QCOMPARE(QString::fromWCharArray(attribute.Value()), QString("-42"));
     attribute.SetValue(nullptr);
     QCOMPARE(QString::fromWCharArray(attribute.Value()), QString());
+}
+
+void tst_XMLWriter::numbersStraightIntoTheOutput_data() {
+    QTest::addColumn<double>("number");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("short decimal") << 0.1 << "0.1";
+    QTest::newRow("negative zero") << -0.0 << "-0";
+    QTest::newRow("small") << -2.5e-7 << "-2.5e-07";
+    QTest::newRow("large") << 1e21 << "1e+21";
+    QTest::newRow("all digits") << 0.1 + 0.2 << "0.30000000000000004";
+    QTest::newRow("smallest normal") << std::numeric_limits<double>::min() << "2.2250738585072014e-308";
+    QTest::newRow("largest") << -std::numeric_limits<double>::max() << "-1.7976931348623157e+308";
+    QTest::newRow("NaN") << std::numeric_limits<double>::quiet_NaN() << "NaN";
+    QTest::newRow("infinity") << std::numeric_limits<double>::infinity() << "INF";
+    QTest::newRow("negative infinity") << -std::numeric_limits<double>::infinity() << "-INF";
+}
+
+void tst_XMLWriter::numbersStraightIntoTheOutput() {
+    // A writer that formats numbers itself writes exactly what the attribute objects write.
+    QFETCH(double, number);
+    QFETCH(QString, text);
+    const std::string expected = "<e a=\"" + text.toStdString() + "\"/>\n";
+    QCOMPARE(WriteAttributeObject([&](CXMLAttribut& a) { a.SetDoubleValue(number); }), expected);
+    QCOMPARE(WriteNumber([&](NumberWriter& w) { w._DoubleAttribute(L"a", number); }), expected);
+    for (const long integer : {0L, -42L, long(std::numeric_limits<int>::min()),
+                               std::numeric_limits<long>::max(), std::numeric_limits<long>::min()}) {
+        QCOMPARE(WriteNumber([&](NumberWriter& w) { w._LongAttribute(L"a", integer); }),
+                 WriteAttributeObject([&](CXMLAttribut& a) { a.SetLongValue(integer); }));
+    }
+}
+
+void tst_XMLWriter::numberListsStraightIntoTheOutput() {
+    const double reals[] = {0.5, -0.0, 1e300, 3};
+    const int integers[] = {0, -7, 2147483647};
+    QCOMPARE(WriteNumber([&](NumberWriter& w) {
+                 w._DoublesAttribute(L"r", reals, 4);
+                 w._LongsAttribute(L"i", integers, 3);
+                 w._LongsAttribute(L"none", integers, 0);
+             }),
+             std::string("<e r=\"0.5 -0 1e+300 3\" i=\"0 -7 2147483647\" none=\"\"/>\n"));
+    // Attributes belong into a start tag: after text they are a call out of order.
+    std::ostringstream out;
+    NumberWriter writer;
+    writer.StartDocument(&out, false, false);
+    writer._OpenStartTag(L"e");
+    writer.Characters(L"x");
+    try {
+        writer._LongAttribute(L"a", 1);
+        QFAIL("no failure");
+    } catch (const CXMLException& exception) {
+        QCOMPARE(exception.code(), CXMLSaxWriter::UsageError);
+    }
 }
 
 void tst_XMLWriter::data() {
