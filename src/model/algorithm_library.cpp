@@ -1,14 +1,26 @@
 #include "model/algorithm_library.h"
 
 #include <QLibrary>
+#include <QList>
 
 #include <cstdio>
 
 namespace model {
 
+namespace {
+
+/// Every library object made, never deleted: unloading would invalidate the algorithms handed
+/// out. Held here so that they stay reachable to the end of the process.
+QList<QLibrary*>& loaded_libraries() {
+    static QList<QLibrary*> libraries;
+    return libraries;
+}
+
+} // namespace
+
 void* load_algorithm_library(const QString& path) {
-    // Deliberately never deleted: unloading would invalidate the algorithm handed out.
     auto* library = new QLibrary(path);
+    loaded_libraries().append(library);
     if (!library->load()) {
         std::fputs("error while loading algorithm library \n", stderr);
         return nullptr;
