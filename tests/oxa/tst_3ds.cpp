@@ -427,14 +427,35 @@ void Test3ds::shared_files_match_their_references() {
         actual.sort();
         QCOMPARE(actual, expected);
 
-        QStringList expected_materials, actual_materials;
+        // Materials: names, colours and percentages (within the reference's four digits) and the
+        // texture map, whose TIFF names turn JPEG.
+        QMap<QString, QJsonObject> expected_materials;
         for (const QJsonValue& value : summary.value("materials").toObject().value("list").toArray())
-            expected_materials << prefix + value.toObject().value("name").toString();
-        for (mesh3D::Material* material : imported.materials())
-            actual_materials << material->name();
-        expected_materials.sort();
-        actual_materials.sort();
-        QCOMPARE(actual_materials, expected_materials);
+            expected_materials.insert(prefix + value.toObject().value("name").toString(), value.toObject());
+        QStringList material_names;
+        for (mesh3D::Material* material : imported.materials()) {
+            material_names << material->name();
+            const QJsonObject entry = expected_materials.value(material->name());
+            const QJsonObject colours = entry.value("lib3ds_colours_0to1").toObject();
+            const auto check = [&](const char* key, const basic::color4& actual) {
+                const QJsonArray rgb = colours.value(key).toArray();
+                const float parts[3] = {actual.r, actual.g, actual.b};
+                for (int i = 0; i < 3; ++i)
+                    QVERIFY2(std::abs(parts[i] - rgb.at(i).toDouble()) < 1e-3,
+                             qPrintable(material->name() + " " + key));
+            };
+            check("ambient", material->ambient());
+            check("diffuse", material->diffuse());
+            check("specular", material->specular());
+            QVERIFY(std::abs(material->shininess() - entry.value("lib3ds_shininess_0to1").toDouble()) < 1e-3);
+            QVERIFY(std::abs(material->transparency() - entry.value("lib3ds_transparency_0to1").toDouble()) < 1e-3);
+            QString map = entry.value("maps").toObject().value("texture1 (0xA200)").toString();
+            if (map.endsWith(".tif") || map.endsWith(".TIF"))
+                map = map.left(map.size() - 4) + ".jpg";
+            QCOMPARE(material->texture_filename(), map);
+        }
+        material_names.sort();
+        QCOMPARE(material_names, QStringList(expected_materials.keys()));
     }
     // The malformed files end cleanly.
     for (const QString& bad : QDir(folder.filePath("bad")).entryList({"*.3ds"}, QDir::Files)) {
