@@ -183,6 +183,18 @@ void read_faces(unsigned int end) {
         if (vertex_count > 0)
             object.faces.append(face);
     }
+    // The face list's own sub-chunks follow: material groups, smoothing groups.
+    Stream3ds& stream = state().stream;
+    while (stream.before(end)) {
+        Chunk3ds head;
+        if (!stream.chunk(head, end))
+            break;
+        // An object has one material: each group names it, without its face numbers, and the
+        // last group's name stands.
+        if (head.id == FACE_MATERIAL)
+            stream.name(object.material, SHORT_NAME_BYTES, head.end);
+        stream.seek(head.limit);
+    }
 }
 
 void read_texture_coordinates(unsigned int end) {
@@ -355,9 +367,6 @@ void DataIO_3ds::read_EDIT_OBJECT(model::System* system, unsigned int end, doubl
             break;
         case FACE_LIST:
             read_faces(head.end);
-            continue; // the face list's own sub-chunks (materials, smoothing) follow
-        case FACE_MATERIAL:
-            stream.name(s.current->material, SHORT_NAME_BYTES, head.end);
             break;
         case TEXTURE_COORDINATES:
             read_texture_coordinates(head.end);
