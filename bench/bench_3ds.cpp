@@ -23,7 +23,9 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-double seconds_since(Clock::time_point start) { return std::chrono::duration<double>(Clock::now() - start).count(); }
+double seconds_since(Clock::time_point start) {
+    return std::chrono::duration<double>(Clock::now() - start).count();
+}
 
 void put16(QByteArray& out, unsigned int v) {
     char raw[2];
@@ -67,7 +69,9 @@ QByteArray grid_object(const QByteArray& name, int columns, int rows, double off
         }
     QByteArray material = QByteArray("Grey") + '\0';
     put16(material, 0);
-    return chunk(0x4000, name + '\0' + chunk(0x4100, chunk(0x4110, points) + chunk(0x4120, faces + chunk(0x4130, material))));
+    return chunk(0x4000,
+                 name + '\0' +
+                     chunk(0x4100, chunk(0x4110, points) + chunk(0x4120, faces + chunk(0x4130, material))));
 }
 
 QByteArray generated_file(int meshes, int columns, int rows) {
@@ -161,6 +165,7 @@ int main() {
     std::printf("file: %ld faces in %d meshes, %.1f MB\n", faces, meshes, megabytes);
     std::printf("3ds import: %.3f s, %.0f faces/s\n", import, faces / import);
     std::printf("bare read and decode: %.4f s (checksum %.0f)\n", baseline, checksum);
-    std::printf("3ds import: %.3f s; bare read and decode: %.4f s; ratio %.0f\n", import, baseline, import / baseline);
+    std::printf("3ds import: %.3f s; bare read and decode: %.4f s; ratio %.0f\n", import, baseline,
+                import / baseline);
     return 0;
 }

@@ -28,7 +28,11 @@ public:
 
     void property_list(QStringList& out) const override {
         model::Object::property_list(out);
-        out << "p" << "r" << "l" << "m" << "s";
+        out << "p"
+            << "r"
+            << "l"
+            << "m"
+            << "s";
     }
     model::Property* activate_property(const QString& name) override {
         model::Property* made = nullptr;
@@ -52,7 +56,9 @@ public:
     void list_restore(const QString&, int index, const QString& value) override {
         list.insert(qBound(0, index, list.size()), value);
     }
-    void map_restore_value(const QString&, const QString& key, const QString& value) override { map[key] = value; }
+    void map_restore_value(const QString&, const QString& key, const QString& value) override {
+        map[key] = value;
+    }
     void set_restore_value(const QString&, const QString& value) override { set << value; }
 
     QString primitive;

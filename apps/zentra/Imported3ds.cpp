@@ -38,7 +38,9 @@ Imported3ds::~Imported3ds() {
     mesh3D::Material::DeleteGlobalMaterials(&_system);
 }
 
-bool Imported3ds::is_3ds(const QString& file) { return file.endsWith(QLatin1String(".3ds"), Qt::CaseInsensitive); }
+bool Imported3ds::is_3ds(const QString& file) {
+    return file.endsWith(QLatin1String(".3ds"), Qt::CaseInsensitive);
+}
 
 void Imported3ds::print_summary(QTextStream& out) const {
     const oxaIO::ExportContext& context = _document->Context();

@@ -59,7 +59,8 @@ int run_info(const QStringList& arguments, QTextStream& out, QTextStream& err) {
     return exit_code;
 }
 
-const CommandRegistration registration({"info", "FILE...",
-                                        "print the head and section list of exchange documents, or what a 3DS file holds", run_info});
+const CommandRegistration registration(
+    {"info", "FILE...", "print the head and section list of exchange documents, or what a 3DS file holds",
+     run_info});
 
 } // namespace

@@ -129,7 +129,8 @@ public:
     void insert_property(Property* property);
     void insert_method(Method* method);
 
-protected:    /// The last step of every `xml_to_object`: fills the object made under the text's identifier
+protected:
+    /// The last step of every `xml_to_object`: fills the object made under the text's identifier
     /// and returns it; should the fill throw, the object is deleted and the exception passes on.
     template <typename Made> static Made* filled_from_xml(Made* made, const QString& xml) {
         try {
@@ -140,6 +141,7 @@ protected:    /// The last step of every `xml_to_object`: fills the object made 
         }
         return made;
     }
+
     /// An unregistered object without identifier; `init` registers it later.
     Object() = default;
     /// Sets the repository (null: the system's transient one) and registers the object.

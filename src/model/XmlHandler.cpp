@@ -11,7 +11,9 @@ namespace model {
 
 namespace {
 
-QString folded(const QString& qualified_name) { return qualified_name.trimmed().toLower(); }
+QString folded(const QString& qualified_name) {
+    return qualified_name.trimmed().toLower();
+}
 
 bool names_property(const QString& element) {
     return element == QLatin1String("primitive") || element == QLatin1String("reference") ||

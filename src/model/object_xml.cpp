@@ -13,7 +13,9 @@ QString quoted_after(const QString& xml, const QString& marker, int skip) {
 
 } // namespace
 
-QString xml_object_id(const QString& xml) { return quoted_after(xml, QStringLiteral("ID="), 4); }
+QString xml_object_id(const QString& xml) {
+    return quoted_after(xml, QStringLiteral("ID="), 4);
+}
 
 long xml_object_version(const QString& xml) {
     return quoted_after(xml, QStringLiteral("VERSION="), 9).toLong(nullptr, 10);

@@ -4,6 +4,8 @@ namespace oxa {
 
 DataIO::~DataIO() = default;
 
-QStringList DataIO::supported_formats() const { return QStringList(); }
+QStringList DataIO::supported_formats() const {
+    return QStringList();
+}
 
 } // namespace oxa

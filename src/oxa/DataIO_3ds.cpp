@@ -153,13 +153,14 @@ void read_vertices(unsigned int end, double scale) {
     vertices.resize(count);
     for (int i = 0; i < count; ++i) {
         const char* p = raw.constData() + 12 * i;
-        vertices[i] = DataIO_3ds::point3{float_at(p) * scale, float_at(p + 4) * scale, float_at(p + 8) * scale};
+        vertices[i] =
+            DataIO_3ds::point3{float_at(p) * scale, float_at(p + 4) * scale, float_at(p + 8) * scale};
     }
 }
 
 void read_faces(unsigned int end) {
-    static const char* const corner_error[3] = {"+++++++ fehler [a] %d >= %d \n", "+++++++ fehler [b] %d >= %d \n",
-                                                "+++++++ fehler [c] %d >= %d \n"};
+    static const char* const corner_error[3] = {
+        "+++++++ fehler [a] %d >= %d \n", "+++++++ fehler [b] %d >= %d \n", "+++++++ fehler [c] %d >= %d \n"};
     unsigned short count = 0;
     QByteArray raw;
     if (!state().stream.u16(count, end) || !read_records(raw, count, 8, end))
@@ -249,7 +250,9 @@ bool place(mesh3D::Container* container, mesh3D::Element* element, QSet<mesh3D::
 
 } // namespace
 
-QStringList DataIO_3ds::supported_formats() const { return QStringList{QStringLiteral("*.3ds")}; }
+QStringList DataIO_3ds::supported_formats() const {
+    return QStringList{QStringLiteral("*.3ds")};
+}
 
 oxaIO::OxaObjects* DataIO_3ds::import_file(model::System* system, basic::MessageService* messages,
                                            const QString& fileName, double scale, QString* errorText) {
@@ -400,8 +403,8 @@ void DataIO_3ds::read_MAT_ENTRY(model::System* system, unsigned int end, mesh3D:
             QString name;
             if (stream.name(name, head.end - stream.position(), head.end) && !material) {
                 // A fresh identifier: a material often shares its name with a mesh of the file.
-                material = new mesh3D::Material(system, basic::create_ID(),
-                                                s.prefix + QStringLiteral("::") + name);
+                material =
+                    new mesh3D::Material(system, basic::create_ID(), s.prefix + QStringLiteral("::") + name);
                 if (!s.materials.contains(name))
                     s.materials.insert(name, material);
                 s.material_order.append(material);
@@ -591,7 +594,8 @@ basic::color4 DataIO_3ds::read_color(unsigned int end) {
     case COLOR_BYTES_GAMMA: {
         unsigned char rgb[3];
         if (stream.bytes(rgb, 3, head.end))
-            s.color = basic::color4{float(rgb[0] / 255.0), float(rgb[1] / 255.0), float(rgb[2] / 255.0), 1.0f};
+            s.color =
+                basic::color4{float(rgb[0] / 255.0), float(rgb[1] / 255.0), float(rgb[2] / 255.0), 1.0f};
         break;
     }
     default:

@@ -6,7 +6,9 @@ namespace {
 OxaOsReader* instance = nullptr;
 }
 
-OxaOsReader::OxaOsReader() { instance = this; }
+OxaOsReader::OxaOsReader() {
+    instance = this;
+}
 
 OxaOsReader::~OxaOsReader() {
     if (instance == this)

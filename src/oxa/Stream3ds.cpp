@@ -7,7 +7,9 @@
 
 namespace oxa {
 
-Stream3ds::~Stream3ds() { close(); }
+Stream3ds::~Stream3ds() {
+    close();
+}
 
 bool Stream3ds::open(const QString& file_name) {
     close();
@@ -20,7 +22,9 @@ bool Stream3ds::open(const QString& file_name) {
         return false;
     }
     const long size = std::ftell(_file);
-    _size = size < 0 ? 0 : (static_cast<unsigned long>(size) > 0xFFFFFFFFul ? 0xFFFFFFFFu : static_cast<unsigned int>(size));
+    _size = size < 0 ? 0
+                     : (static_cast<unsigned long>(size) > 0xFFFFFFFFul ? 0xFFFFFFFFu
+                                                                        : static_cast<unsigned int>(size));
     std::fseek(_file, 0, SEEK_SET);
     _position = 0;
     _broken = false;
@@ -82,7 +86,9 @@ bool Stream3ds::bytes(void* data, unsigned int count, unsigned int end) {
     return true;
 }
 
-bool Stream3ds::u8(unsigned char& value, unsigned int end) { return bytes(&value, 1, end); }
+bool Stream3ds::u8(unsigned char& value, unsigned int end) {
+    return bytes(&value, 1, end);
+}
 
 bool Stream3ds::u16(unsigned short& value, unsigned int end) {
     unsigned char raw[2];

@@ -28,8 +28,8 @@ class TestCli3ds : public QObject {
     static QByteArray two_quads() {
         const QByteArray quad_mesh = vertices({{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}}) +
                                      faces({{0, 1, 2}, {0, 2, 3}}, face_material("Stone", {0, 1}));
-        return file(material("Stone", chunk(0xA020, color_float(0.5f, 0.5f, 0.5f))) + object("Left", quad_mesh) +
-                        object("Right", quad_mesh),
+        return file(material("Stone", chunk(0xA020, color_float(0.5f, 0.5f, 0.5f))) +
+                        object("Left", quad_mesh) + object("Right", quad_mesh),
                     keyframer(node(0, "$$$DUMMY", 0xFFFF, "Group") + node(1, "Left", 0)));
     }
 
@@ -75,9 +75,10 @@ private slots:
     void convert_usage_errors_data() {
         QTest::addColumn<QStringList>("arguments");
         QTest::addColumn<QString>("message");
-        QTest::newRow("one argument") << QStringList{"convert", "a.3ds"} << "give one input file and one output file";
-        QTest::newRow("not a 3DS file") << QStringList{"convert", "a.oxaxml", "b.oxaxml"}
-                                        << "the input must be a 3DS file";
+        QTest::newRow("one argument")
+            << QStringList{"convert", "a.3ds"} << "give one input file and one output file";
+        QTest::newRow("not a 3DS file")
+            << QStringList{"convert", "a.oxaxml", "b.oxaxml"} << "the input must be a 3DS file";
     }
 
     void convert_usage_errors() {

@@ -65,7 +65,8 @@ void TestXmlToObject::surface_and_container_come_back_as_their_class() {
     mesh3D::Surface surface(&parent, source.get(), "wall", basic::unit_m);
     surface.version(5);
 
-    std::unique_ptr<mesh3D::Container> container(mesh3D::Container::xml_to_object(store, parent.object_to_xml()));
+    std::unique_ptr<mesh3D::Container> container(
+        mesh3D::Container::xml_to_object(store, parent.object_to_xml()));
     QCOMPARE(container->classname(), QString("mesh3D::Container"));
     QCOMPARE(container->id(), QString("box"));
     QCOMPARE(container->version(), 3L);

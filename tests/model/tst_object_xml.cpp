@@ -86,8 +86,9 @@ void TestObjectXml::round_trip_of_every_kind() {
 void TestObjectXml::text_is_trimmed_and_element_names_folded() {
     System system(true);
     SampleObject sample(&system, "s");
-    sample.activate_from_xmldata(wrap("<PRIMITIVE name=\"name\" VERSION=\"2\">   padded value \n </PRIMITIVE>\n"
-                                      " <Reference name=\"next\">  other  </Reference>"));
+    sample.activate_from_xmldata(
+        wrap("<PRIMITIVE name=\"name\" VERSION=\"2\">   padded value \n </PRIMITIVE>\n"
+             " <Reference name=\"next\">  other  </Reference>"));
     QCOMPARE(sample.name, QString("padded value"));
     QCOMPARE(sample.next, QString("other"));
     QCOMPARE(sample.version(), 3L);
@@ -98,11 +99,12 @@ void TestObjectXml::entries_restore_only_inside_the_matching_element_data() {
     QTest::addColumn<QStringList>("items");
     QTest::addColumn<QStringList>("tags");
     QTest::addColumn<QStringList>("attribute_keys");
-    QTest::newRow("entries of each kind") << "<list name=\"items\"><listelement index=\"0\">a</listelement>"
-                                             "<listelement index=\"1\">b</listelement></list>"
-                                             "<set name=\"tags\"><setelement>t</setelement></set>"
-                                             "<map name=\"attributes\"><mapelement key=\"k\">v</mapelement></map>"
-                                          << QStringList{"a", "b"} << QStringList{"t"} << QStringList{"k"};
+    QTest::newRow("entries of each kind")
+        << "<list name=\"items\"><listelement index=\"0\">a</listelement>"
+           "<listelement index=\"1\">b</listelement></list>"
+           "<set name=\"tags\"><setelement>t</setelement></set>"
+           "<map name=\"attributes\"><mapelement key=\"k\">v</mapelement></map>"
+        << QStringList{"a", "b"} << QStringList{"t"} << QStringList{"k"};
     QTest::newRow("setelement outside any property")
         << "<setelement>loose</setelement>" << QStringList{} << QStringList{} << QStringList{};
     QTest::newRow("text directly inside a set")
@@ -111,8 +113,8 @@ void TestObjectXml::entries_restore_only_inside_the_matching_element_data() {
         << "<map name=\"attributes\"><setelement>v</setelement></map>" << QStringList{} << QStringList{}
         << QStringList{};
     QTest::newRow("set text inside a listelement")
-        << "<set name=\"tags\"><listelement index=\"0\">v</listelement></set>" << QStringList{} << QStringList{}
-        << QStringList{};
+        << "<set name=\"tags\"><listelement index=\"0\">v</listelement></set>" << QStringList{}
+        << QStringList{} << QStringList{};
     QTest::newRow("text after the entry closed")
         << "<set name=\"tags\"><setelement>in</setelement>after</set>" << QStringList{} << QStringList{"in"}
         << QStringList{};
@@ -158,9 +160,9 @@ void TestObjectXml::unknown_property_throws_and_keeps_what_came_before() {
 void TestObjectXml::malformed_text_stops_silently_and_still_sets_the_version() {
     System system(true);
     SampleObject sample(&system, "s");
-    sample.activate_from_xmldata(
-        wrap("<primitive name=\"name\">before</primitive><reference name=\"next\">x</wrong><set name=\"tags\">"
-             "<setelement>after</setelement></set>"));
+    sample.activate_from_xmldata(wrap(
+        "<primitive name=\"name\">before</primitive><reference name=\"next\">x</wrong><set name=\"tags\">"
+        "<setelement>after</setelement></set>"));
     QCOMPARE(sample.name, QString("before"));
     QVERIFY(sample.tags.isEmpty());
     QCOMPARE(sample.version(), 3L);
@@ -215,10 +217,14 @@ void TestObjectXml::extractors_data() {
         << "<object ID=\"a\" VERSION=\"12\"><classname>X</classname><primitive name=\"ID\" VERSION=\"5\">"
            "</primitive><classname>Y</classname>"
         << "a" << 12L << "X";
-    QTest::newRow("nothing to find") << "plain words" << "in words" << 0L << "";
-    QTest::newRow("no closing quotation marks") << "ID=\"abc VERSION=\"7" << "abc VERSION=" << 7L << "";
-    QTest::newRow("classname not closed") << "<classname>open" << "assname>open" << 0L << "";
-    QTest::newRow("version not a number") << "<object ID=\"q\" VERSION=\"x1\">" << "q" << 0L << "";
+    QTest::newRow("nothing to find") << "plain words"
+                                     << "in words" << 0L << "";
+    QTest::newRow("no closing quotation marks") << "ID=\"abc VERSION=\"7"
+                                                << "abc VERSION=" << 7L << "";
+    QTest::newRow("classname not closed") << "<classname>open"
+                                          << "assname>open" << 0L << "";
+    QTest::newRow("version not a number") << "<object ID=\"q\" VERSION=\"x1\">"
+                                          << "q" << 0L << "";
 }
 
 void TestObjectXml::extractors() {
@@ -233,7 +239,8 @@ void TestObjectXml::remove_duplicates_keeps_first_occurrences_data() {
     QTest::addColumn<QStringList>("expected");
     QTest::newRow("empty") << QStringList{} << QStringList{};
     QTest::newRow("no repeats") << QStringList{"b", "a", "c"} << QStringList{"b", "a", "c"};
-    QTest::newRow("repeats spread out") << QStringList{"b", "a", "b", "c", "a", "b"} << QStringList{"b", "a", "c"};
+    QTest::newRow("repeats spread out")
+        << QStringList{"b", "a", "b", "c", "a", "b"} << QStringList{"b", "a", "c"};
     QTest::newRow("all equal") << QStringList{"x", "x", "x"} << QStringList{"x"};
     QTest::newRow("case matters") << QStringList{"A", "a", "A"} << QStringList{"A", "a"};
 }
@@ -270,9 +277,10 @@ void TestObjectXml::loader_creates_the_algorithm_of_a_library() {
 void TestObjectXml::loader_reports_a_bad_path_and_a_missing_function_data() {
     QTest::addColumn<QString>("path");
     QTest::addColumn<QByteArray>("errors");
-    QTest::newRow("bad path") << "/nonexistent/libnothing.so" << QByteArray("error while loading algorithm library \n");
-    QTest::newRow("no create_algorithm") << ZENTRA_TEST_NO_ALGORITHM
-                                         << QByteArray("algorithm library loaded.\ncreateAlgorithm error \n");
+    QTest::newRow("bad path") << "/nonexistent/libnothing.so"
+                              << QByteArray("error while loading algorithm library \n");
+    QTest::newRow("no create_algorithm")
+        << ZENTRA_TEST_NO_ALGORITHM << QByteArray("algorithm library loaded.\ncreateAlgorithm error \n");
 }
 
 void TestObjectXml::loader_reports_a_bad_path_and_a_missing_function() {

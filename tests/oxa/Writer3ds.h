@@ -33,7 +33,9 @@ inline QByteArray f32(float value) {
 }
 
 /// The text and its terminating zero.
-inline QByteArray text(const char* value) { return QByteArray(value) + QByteArray(1, '\0'); }
+inline QByteArray text(const char* value) {
+    return QByteArray(value) + QByteArray(1, '\0');
+}
 
 /// A chunk whose length field says `length` whatever the body is.
 inline QByteArray raw_chunk(unsigned int id, unsigned int length, const QByteArray& body) {
@@ -92,31 +94,41 @@ inline QByteArray object(const char* name, const QByteArray& mesh_chunks) {
     return chunk(0x4000, text(name) + chunk(0x4100, mesh_chunks));
 }
 
-inline QByteArray color_float(float r, float g, float b) { return chunk(0x0010, f32(r) + f32(g) + f32(b)); }
+inline QByteArray color_float(float r, float g, float b) {
+    return chunk(0x0010, f32(r) + f32(g) + f32(b));
+}
 inline QByteArray color_bytes(unsigned char r, unsigned char g, unsigned char b) {
     return chunk(0x0011, QByteArray(1, char(r)) + QByteArray(1, char(g)) + QByteArray(1, char(b)));
 }
-inline QByteArray percent(unsigned int value) { return chunk(0x0030, u16(value)); }
+inline QByteArray percent(unsigned int value) {
+    return chunk(0x0030, u16(value));
+}
 
 inline QByteArray material(const char* name, const QByteArray& inner = QByteArray()) {
     return chunk(0xAFFF, chunk(0xA000, text(name)) + inner);
 }
 
-inline QByteArray texture_map(const char* file) { return chunk(0xA200, percent(100) + chunk(0xA300, text(file))); }
+inline QByteArray texture_map(const char* file) {
+    return chunk(0xA200, percent(100) + chunk(0xA300, text(file)));
+}
 
 /// An object node: its number, name and parent number; `instance` for group nodes.
-inline QByteArray node(unsigned int number, const char* name, unsigned int parent, const char* instance = nullptr) {
+inline QByteArray node(unsigned int number, const char* name, unsigned int parent,
+                       const char* instance = nullptr) {
     QByteArray body = chunk(0xB030, u16(number)) + chunk(0xB010, text(name) + u16(0) + u16(0) + u16(parent));
     if (instance)
         body += chunk(0xB011, text(instance));
     return chunk(0xB002, body);
 }
 
-inline QByteArray keyframer(const QByteArray& nodes) { return chunk(0xB000, nodes); }
+inline QByteArray keyframer(const QByteArray& nodes) {
+    return chunk(0xB000, nodes);
+}
 
 /// The whole file: the editor part (version, materials, objects) and the keyframer part.
 inline QByteArray file(const QByteArray& editor, const QByteArray& after_editor = QByteArray()) {
-    return chunk(0x4D4D, chunk(0x0002, u32(3)) + chunk(0x3D3D, chunk(0x3D3E, u32(3)) + editor) + after_editor);
+    return chunk(0x4D4D,
+                 chunk(0x0002, u32(3)) + chunk(0x3D3D, chunk(0x3D3E, u32(3)) + editor) + after_editor);
 }
 
 inline bool save(const QString& path, const QByteArray& bytes) {

@@ -66,8 +66,8 @@ struct Imported {
 };
 
 /// Writes `bytes` to a file named `name` in `folder` and imports it.
-bool import_bytes(Imported& imported, const QTemporaryDir& folder, const QByteArray& bytes, double scale = 1.0,
-                  const QString& name = QStringLiteral("model.3ds")) {
+bool import_bytes(Imported& imported, const QTemporaryDir& folder, const QByteArray& bytes,
+                  double scale = 1.0, const QString& name = QStringLiteral("model.3ds")) {
     const QString path = folder.filePath(name);
     return save(path, bytes) && imported.run(path, scale);
 }
@@ -109,7 +109,8 @@ QByteArray quad_object(const char* name = "Plane", const char* material_name = "
 }
 
 QByteArray red_material() {
-    return material("Red", chunk(0xA010, color_bytes(255, 0, 51)) + chunk(0xA020, color_float(0.5f, 0.25f, 1.0f)) +
+    return material("Red", chunk(0xA010, color_bytes(255, 0, 51)) +
+                               chunk(0xA020, color_float(0.5f, 0.25f, 1.0f)) +
                                chunk(0xA030, color_float(1, 1, 1)) + chunk(0xA040, percent(50)) +
                                chunk(0xA050, percent(25)) + texture_map("wall.tif"));
 }
@@ -164,7 +165,10 @@ void Test3ds::two_triangle_mesh_with_material_and_texture() {
     QSet<QString> corners;
     for (mesh3D::Triangle* triangle : plane->triangles())
         for (int c = 0; c < 3; ++c)
-            corners << QString("%1 %2 %3").arg(triangle->vertex(c)->x()).arg(triangle->vertex(c)->y()).arg(triangle->vertex(c)->z());
+            corners << QString("%1 %2 %3")
+                           .arg(triangle->vertex(c)->x())
+                           .arg(triangle->vertex(c)->y())
+                           .arg(triangle->vertex(c)->z());
     QCOMPARE(corners, (QSet<QString>{"0 0 0", "2 0 0", "2 2 0", "0 2 0"}));
     QCOMPARE(plane->triangles().first()->normal().z, 1.0);
 
@@ -207,10 +211,11 @@ void Test3ds::messages_and_progress() {
     QStringList texts;
     for (const QList<QVariant>& call : qAsConst(messages))
         texts << call.at(0).toString();
-    QCOMPARE(texts, (QStringList{"3ds: import file " + folder.filePath("model.3ds"), "3ds Version : 3 ",
-                                 "3ds: read materials ...", "3ds: read objects ...", "3ds: read model structure ...",
-                                 "3ds: updating surfaces ...", "3ds: updating surfaces. ok.", "3ds: building tree ...",
-                                 "3ds: building tree. ok."}));
+    QCOMPARE(texts,
+             (QStringList{"3ds: import file " + folder.filePath("model.3ds"), "3ds Version : 3 ",
+                          "3ds: read materials ...", "3ds: read objects ...", "3ds: read model structure ...",
+                          "3ds: updating surfaces ...", "3ds: updating surfaces. ok.",
+                          "3ds: building tree ...", "3ds: building tree. ok."}));
     QList<double> values;
     for (const QList<QVariant>& call : qAsConst(progress))
         values << call.at(0).toDouble();
@@ -218,7 +223,8 @@ void Test3ds::messages_and_progress() {
     QVERIFY(std::is_sorted(values.begin(), values.end()));
     QCOMPARE(values.last(), 1.0);
     const auto reaches = [&values](double mark) {
-        return std::any_of(values.begin(), values.end(), [mark](double v) { return std::abs(v - mark) < 1e-12; });
+        return std::any_of(values.begin(), values.end(),
+                           [mark](double v) { return std::abs(v - mark) < 1e-12; });
     };
     QVERIFY(reaches(0.5)); // reading ends at half
     QVERIFY(reaches(0.8)); // the surfaces end at 0.8
@@ -232,10 +238,10 @@ void Test3ds::keyframer_hierarchy_two_levels_deep() {
     // below a surface, which holds nothing, and so ends under the root; D has no node at all.
     const QByteArray nodes = node(0, "$$$DUMMY", 0xFFFF, "Group") + node(1, "A", 0) + node(2, "Sub", 0) +
                              node(3, "C", 2) + node(4, "B", 1);
-    QVERIFY(import_bytes(imported, folder,
-                         file(red_material() + quad_object("A") + quad_object("B") + quad_object("C") +
-                                  quad_object("D"),
-                              keyframer(nodes))));
+    QVERIFY(import_bytes(
+        imported, folder,
+        file(red_material() + quad_object("A") + quad_object("B") + quad_object("C") + quad_object("D"),
+             keyframer(nodes))));
     QCOMPARE(tree(imported.root()),
              QString("model.3ds[model.3ds::Group[model.3ds::A, model.3ds::Sub[model.3ds::C]], "
                      "model.3ds::B, model.3ds::D]"));
@@ -255,7 +261,8 @@ void Test3ds::unknown_chunk_inside_a_mesh_is_skipped() {
     QTemporaryDir folder;
     Imported imported;
     const QByteArray odd = chunk(0x4160, QByteArray(48, '\x7f')) + chunk(0x1234, QByteArray(5, '\0'));
-    const QByteArray body = vertices({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}}) + odd + faces({{0, 1, 2}}, face_material("Red", {0}));
+    const QByteArray body =
+        vertices({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}}) + odd + faces({{0, 1, 2}}, face_material("Red", {0}));
     QVERIFY(import_bytes(imported, folder, file(red_material() + object("Odd", body))));
     const QList<mesh3D::Object3D*> surfaces = surfaces_of(imported);
     QCOMPARE(surfaces.size(), 1);
@@ -284,9 +291,10 @@ void Test3ds::face_index_beyond_the_vertex_list_uses_vertex_zero() {
 void Test3ds::unknown_material_gets_the_fallback() {
     QTemporaryDir folder;
     Imported imported;
-    QVERIFY(import_bytes(imported, folder, file(red_material() + quad_object("Plane", "Missing") +
-                                                object("Bare", vertices({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}}) +
-                                                                   faces({{0, 1, 2}})))));
+    QVERIFY(
+        import_bytes(imported, folder,
+                     file(red_material() + quad_object("Plane", "Missing") +
+                          object("Bare", vertices({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}}) + faces({{0, 1, 2}})))));
     QCOMPARE(imported.errors, QByteArray("3ds: ERROR: could not find material [Missing] \n"
                                          "3ds: ERROR: could not find material [] \n"));
     const QList<mesh3D::Object3D*> surfaces = surfaces_of(imported);
@@ -306,18 +314,21 @@ void Test3ds::hostile_lengths_end_the_read_cleanly_data() {
     const QByteArray good = red_material() + quad_object("Good");
     const QByteArray verts = vertices({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}});
     const QString only_good = "model.3ds[model.3ds::Good]";
-    QTest::newRow("zero length") << file(good + raw_chunk(0x4000, 0, text("X")) + quad_object("Late")) << only_good << 1;
+    QTest::newRow("zero length") << file(good + raw_chunk(0x4000, 0, text("X")) + quad_object("Late"))
+                                 << only_good << 1;
     QTest::newRow("length smaller than its head")
         << file(good + raw_chunk(0x4000, 3, text("X")) + quad_object("Late")) << only_good << 1;
     QTest::newRow("length smaller than its head inside a mesh")
-        << file(good + object("Broken", verts + raw_chunk(0x4120, 5, u16(0))) + quad_object("Late")) << only_good << 1;
+        << file(good + object("Broken", verts + raw_chunk(0x4120, 5, u16(0))) + quad_object("Late"))
+        << only_good << 1;
     QTest::newRow("chunk past its parent")
         << file(good + object("Broken", verts + raw_chunk(0x4140, 4000, u16(0)))) << only_good << 1;
     // A chunk cut by the end of the file is read as far as it goes: what is whole there stays.
     QTest::newRow("chunk past the file") << file(good) + raw_chunk(0x4D4D, 100000, quad_object("Whole"))
                                          << "model.3ds[model.3ds::Good, model.3ds::Whole]" << 1;
     QTest::newRow("vertex count larger than the data")
-        << file(good + object("Broken", chunk(0x4110, u16(60000) + f32(1) + f32(2) + f32(3)))) << only_good << 1;
+        << file(good + object("Broken", chunk(0x4110, u16(60000) + f32(1) + f32(2) + f32(3)))) << only_good
+        << 1;
     QTest::newRow("face count larger than the data")
         << file(good + object("Broken", verts + chunk(0x4120, u16(500) + u16(0) + u16(1) + u16(2) + u16(0))))
         << only_good << 1;
@@ -325,9 +336,11 @@ void Test3ds::hostile_lengths_end_the_read_cleanly_data() {
         << file(good + object("Broken", verts + chunk(0x4140, u16(3) + f32(0) + f32(0)))) << only_good << 1;
     QTest::newRow("object name without zero")
         << file(good + chunk(0x4000, QByteArray(200, 'n') + chunk(0x4100, verts))) << only_good << 1;
-    QTest::newRow("object name cut by its chunk") << file(good + chunk(0x4000, QByteArray("abc"))) << only_good << 1;
+    QTest::newRow("object name cut by its chunk")
+        << file(good + chunk(0x4000, QByteArray("abc"))) << only_good << 1;
     QTest::newRow("map name without zero")
-        << file(good + chunk(0xAFFF, chunk(0xA000, text("M")) + chunk(0xA200, chunk(0xA300, QByteArray(40, 'm')))))
+        << file(good +
+                chunk(0xAFFF, chunk(0xA000, text("M")) + chunk(0xA200, chunk(0xA300, QByteArray(40, 'm')))))
         << only_good << 2;
     QTest::newRow("colour chunk past its parent")
         << file(good + chunk(0xAFFF, chunk(0xA000, text("M")) + chunk(0xA010, raw_chunk(0x0010, 60, f32(1)))))
@@ -419,10 +432,14 @@ void Test3ds::shared_files_match_their_references() {
             expected << QString("%1 %2 %3")
                             .arg(prefix + mesh.value("name").toString())
                             .arg(mesh.value("faces").toInt())
-                            .arg(groups.isEmpty() ? file_name + "-dummyMat" : prefix + groups.last().toString());
+                            .arg(groups.isEmpty() ? file_name + "-dummyMat"
+                                                  : prefix + groups.last().toString());
         }
         for (mesh3D::Object3D* surface : surfaces)
-            actual << QString("%1 %2 %3").arg(surface->name()).arg(surface->triangles().size()).arg(surface->material()->name());
+            actual << QString("%1 %2 %3")
+                          .arg(surface->name())
+                          .arg(surface->triangles().size())
+                          .arg(surface->material()->name());
         expected.sort();
         actual.sort();
         QCOMPARE(actual, expected);
@@ -448,7 +465,8 @@ void Test3ds::shared_files_match_their_references() {
             check("diffuse", material->diffuse());
             check("specular", material->specular());
             QVERIFY(std::abs(material->shininess() - entry.value("lib3ds_shininess_0to1").toDouble()) < 1e-3);
-            QVERIFY(std::abs(material->transparency() - entry.value("lib3ds_transparency_0to1").toDouble()) < 1e-3);
+            QVERIFY(std::abs(material->transparency() - entry.value("lib3ds_transparency_0to1").toDouble()) <
+                    1e-3);
             QString map = entry.value("maps").toObject().value("texture1 (0xA200)").toString();
             if (map.endsWith(".tif") || map.endsWith(".TIF"))
                 map = map.left(map.size() - 4) + ".jpg";
