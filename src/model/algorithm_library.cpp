@@ -12,8 +12,9 @@ namespace {
 /// Every library object made, never deleted: unloading would invalidate the algorithms handed
 /// out. Held here so that they stay reachable to the end of the process.
 QList<QLibrary*>& loaded_libraries() {
-    static QList<QLibrary*> libraries;
-    return libraries;
+    // On the heap, so that the list outlives the static destructors as the libraries do.
+    static auto* libraries = new QList<QLibrary*>;
+    return *libraries;
 }
 
 } // namespace
