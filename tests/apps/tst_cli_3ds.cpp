@@ -1,8 +1,9 @@
 #include "oxa/Writer3ds.h"
 
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
+
+#include "support/CliRun.h"
 
 using namespace w3ds;
 
@@ -10,19 +11,7 @@ using namespace w3ds;
 class TestCli3ds : public QObject {
     Q_OBJECT
 
-    struct Result {
-        int code;
-        QString out;
-        QString err;
-    };
-
-    static Result run(const QStringList& arguments) {
-        QProcess process;
-        process.start(ZENTRA_CLI, arguments);
-        process.waitForFinished(60000);
-        return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
-                QString::fromUtf8(process.readAllStandardError())};
-    }
+    static CliResult run(const QStringList& arguments) { return run_cli(arguments); }
 
     /// Two quads with one material and a group node above the first.
     static QByteArray two_quads() {
@@ -38,7 +27,7 @@ private slots:
         QTemporaryDir folder;
         const QString path = folder.filePath("quads.3DS");
         QVERIFY(save(path, two_quads()));
-        const Result result = run({"info", path});
+        const CliResult result = run({"info", path});
         QCOMPARE(result.code, 0);
         QVERIFY2(result.out.contains("source format:      3ds\n"), qPrintable(result.out));
         QVERIFY(result.out.contains("containers:         1\n"));
@@ -46,7 +35,7 @@ private slots:
         QVERIFY(result.out.contains("triangles:          4\n"));
         QVERIFY(result.out.contains("materials:          1\n"));
 
-        const Result missing = run({"info", folder.filePath("none.3ds")});
+        const CliResult missing = run({"info", folder.filePath("none.3ds")});
         QCOMPARE(missing.code, 1);
         QVERIFY(missing.err.contains("3ds: could not open file ["));
     }
@@ -56,7 +45,7 @@ private slots:
         const QString input = folder.filePath("quads.3ds");
         const QString output = folder.filePath("quads.oxaxml");
         QVERIFY(save(input, two_quads()));
-        const Result result = run({"convert", input, output});
+        const CliResult result = run({"convert", input, output});
         QCOMPARE(result.code, 0);
         QCOMPARE(result.out, "wrote " + output + "\n");
         QFile written(output);
@@ -66,7 +55,7 @@ private slots:
         QVERIFY(text.contains("quads.3ds::Right"));
         QVERIFY(text.contains("quads.3ds::Stone"));
         // The written document reads back through the summary reader.
-        const Result info = run({"info", output});
+        const CliResult info = run({"info", output});
         QCOMPARE(info.code, 0);
         QVERIFY2(info.out.contains("created by:         3dsToOxa"), qPrintable(info.out));
         QVERIFY(info.out.contains("source format:      3ds"));
@@ -84,7 +73,7 @@ private slots:
     void convert_usage_errors() {
         QFETCH(QStringList, arguments);
         QFETCH(QString, message);
-        const Result result = run(arguments);
+        const CliResult result = run(arguments);
         QCOMPARE(result.code, 2);
         QVERIFY2(result.err.contains(message), qPrintable(result.err));
     }
