@@ -22,19 +22,21 @@ done
 python3 - "$out" <<'PY'
 import pathlib, re, sys
 # "figure: value; baseline: value; ratio r" becomes one row; any other line that states a
-# ratio keeps its whole text as the figure.
+# ratio keeps its text as the figure; a bare "ratio ..." line takes the line before it.
 pair = re.compile(r'^(?P<figure>[^:;]+): (?P<value>[^;]+); (?P<base>[^:;]+): (?P<basevalue>[^;]+); ratio (?P<ratio>.+)$')
 rows = []
 for path in sorted(pathlib.Path(sys.argv[1]).glob('bench_*.txt')):
+    previous = ''
     for line in path.read_text(errors='replace').splitlines():
         if 'ratio' not in line:
+            previous = line.strip()
             continue
         m = pair.match(line.strip())
         if m:
             rows.append((path.stem, m['figure'], m['value'], f"{m['base']}: {m['basevalue']}", m['ratio']))
         else:
             figure, _, ratio = line.strip().partition('ratio')
-            rows.append((path.stem, figure.strip(' :;,'), '', '', ratio.strip()))
+            rows.append((path.stem, figure.strip(' :;,') or previous, '', '', ratio.strip()))
 print('| benchmark | figure | value | baseline | ratio |')
 print('|---|---|---|---|---|')
 for row in rows:
