@@ -1,4 +1,5 @@
 #include "Command.h"
+#include "Imported3ds.h"
 
 #include "basic/text.h"
 #include "oxa/OxaInfoReader.h"
@@ -29,6 +30,20 @@ int run_info(const QStringList& arguments, QTextStream& out, QTextStream& err) {
         throw UsageError("no document given");
     int exit_code = 0;
     for (const QString& file : arguments) {
+        if (Imported3ds::is_3ds(file)) {
+            const Imported3ds imported(file);
+            if (!imported.document()) {
+                out.flush();
+                err << imported.error() << "\n";
+                err.flush();
+                exit_code = 1;
+                continue;
+            }
+            out << file << "\n";
+            imported.print_summary(out);
+            out.flush();
+            continue;
+        }
         const oxa::OxaInfoReader reader(file);
         if (!reader.IsValid()) {
             out.flush();
@@ -44,7 +59,8 @@ int run_info(const QStringList& arguments, QTextStream& out, QTextStream& err) {
     return exit_code;
 }
 
-const CommandRegistration registration({"info", "FILE...",
-                                        "print the head and section list of exchange documents", run_info});
+const CommandRegistration registration(
+    {"info", "FILE...", "print the head and section list of exchange documents, or what a 3DS file holds",
+     run_info});
 
 } // namespace

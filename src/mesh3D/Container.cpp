@@ -5,6 +5,7 @@
 #include "mesh3D/GenericObject.h"
 #include "mesh3D/GeometricElement.h"
 #include "mesh3D/Object3D.h"
+#include "model/object_xml.h"
 
 #include <cstdio>
 
@@ -157,6 +158,10 @@ std::wstring Container::Name() const {
 ObjectType Container::m_type() const {
     const ObjectType own = TYPE_HIERARCHY | TYPE_CONTAINER | TYPE_ELEMENT;
     return _composite ? own | TYPE_COMPOSITE : own;
+}
+
+Container* Container::xml_to_object(model::RepositoryP* repository, const QString& xml) {
+    return filled_from_xml(new Container(model::xml_object_id(xml), repository), xml);
 }
 
 long Container::hashcode() {

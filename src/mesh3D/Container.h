@@ -67,6 +67,9 @@ public:
     std::wstring Name() const override;
 
     ObjectType m_type() const override;
+    /// A new container under the identifier found in the XML text, registered in `repository` and
+    /// filled from the text (see `model::Object::activate_from_xmldata`).
+    static Container* xml_to_object(model::RepositoryP* repository, const QString& xml);
     static long hashcode();
     long class_hashcode() const override;
     QString classname() const override;

@@ -5,6 +5,7 @@
 #include "mesh3D/QSColumnMaterial.h"
 #include "model/Primitive.h"
 #include "model/System.h"
+#include "model/object_xml.h"
 
 namespace mesh3D {
 
@@ -152,6 +153,14 @@ mesh3D::QSColumnMaterial* Material::qs_column() const {
 
 ObjectType Material::m_type() const {
     return TYPE_MATERIAL | TYPE_ELEMENT;
+}
+
+Material* Material::xml_to_object(model::RepositoryP* repository, const QString& xml) {
+    // The repository form sets only the identifiers; the defaults come first so that the text
+    // fills over them.
+    auto* made = new Material(model::xml_object_id(xml), repository);
+    made->init();
+    return filled_from_xml(made, xml);
 }
 
 long Material::hashcode() {

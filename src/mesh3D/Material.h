@@ -86,6 +86,9 @@ public:
     mesh3D::QSColumnMaterial* qs_column() const;
 
     ObjectType m_type() const override;
+    /// A new material under the identifier found in the XML text, registered in `repository` and
+    /// filled from the text (see `model::Object::activate_from_xmldata`).
+    static Material* xml_to_object(model::RepositoryP* repository, const QString& xml);
     static long hashcode();
     long class_hashcode() const override;
     QString classname() const override;

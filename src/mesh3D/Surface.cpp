@@ -16,6 +16,7 @@
 #include "model/QSColumnObject.h"
 #include "model/QSItemObject.h"
 #include "model/System.h"
+#include "model/object_xml.h"
 #include "vmp/Vector.h"
 
 #include <algorithm>
@@ -514,6 +515,10 @@ bool Surface::is_closed_mesh() {
 
 ObjectType Surface::m_type() const {
     return GeometricElement::m_type() | TYPE_SURFACE;
+}
+
+Surface* Surface::xml_to_object(model::RepositoryP* repository, const QString& xml) {
+    return filled_from_xml(new Surface(model::xml_object_id(xml), repository), xml);
 }
 
 long Surface::hashcode() {

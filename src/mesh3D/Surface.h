@@ -134,6 +134,9 @@ public:
     void flip_normal(Polygon* polygon);
 
     ObjectType m_type() const override;
+    /// A new surface under the identifier found in the XML text, registered in `repository` and
+    /// filled from the text (see `model::Object::activate_from_xmldata`).
+    static Surface* xml_to_object(model::RepositoryP* repository, const QString& xml);
     static long hashcode();
     long class_hashcode() const override;
     QString classname() const override;

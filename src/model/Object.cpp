@@ -7,10 +7,14 @@
 #include "model/Repository.h"
 #include "model/RepositoryP.h"
 #include "model/System.h"
+#include "model/XmlHandler.h"
+#include "model/object_xml.h"
 #include "model/exceptions.h"
 
 #include <QRegExp>
 #include <QTextStream>
+#include <QXmlInputSource>
+#include <QXmlSimpleReader>
 
 #include <cstdio>
 
@@ -233,6 +237,22 @@ QString Object::object_to_xml() {
         }
     }
     return xml + QStringLiteral("</object>");
+}
+
+void Object::activate_from_xmldata(const QString& xml) {
+    XmlHandler handler(this);
+    QXmlInputSource source;
+    source.setData(xml);
+    QXmlSimpleReader reader;
+    reader.setContentHandler(&handler);
+    reader.parse(&source);
+    if (handler.failure())
+        std::rethrow_exception(handler.failure());
+    version(xml_object_version(xml));
+}
+
+Object* Object::xml_to_object(RepositoryP* repository, const QString& xml) {
+    return filled_from_xml(new Object(xml_object_id(xml), repository), xml);
 }
 
 void Object::insert_property(Property* property) { insert_member(_properties, property); }

@@ -89,6 +89,11 @@ public:
     virtual void list_restore(const QString& name, int index, const QString& value);
     /// The description of a property or method, for its `info()`.
     virtual QString member_info(const QString& name) const;
+    /// Fills this object's existing properties from its XML text and then takes the object
+    /// version from the text. A malformed text stops the fill silently where the fault is, and
+    /// what was restored before it stays. A property name the object lacks throws
+    /// NoSuchProperty_Exception; the properties restored before it stay changed.
+    virtual void activate_from_xmldata(const QString& xml);
 
     System* system() const { return _system; }
     Repository* repository() const { return _repository; }
@@ -114,6 +119,10 @@ public:
     QString object_to_xml();
 
     static long hashcode();
+    /// A new plain object under the identifier found in the text, registered in `repository`
+    /// and filled by `activate_from_xmldata`. The caller owns it through the repository. Should
+    /// the fill throw, the half-made object is deleted and the exception passes on.
+    static Object* xml_to_object(RepositoryP* repository, const QString& xml);
 
     /// For classes that build their members eagerly. A member already entered under the same
     /// local name is deleted and replaced.
@@ -121,6 +130,18 @@ public:
     void insert_method(Method* method);
 
 protected:
+    /// The last step of every `xml_to_object`: fills the object made under the text's identifier
+    /// and returns it; should the fill throw, the object is deleted and the exception passes on.
+    template <typename Made> static Made* filled_from_xml(Made* made, const QString& xml) {
+        try {
+            made->activate_from_xmldata(xml);
+        } catch (...) {
+            delete made;
+            throw;
+        }
+        return made;
+    }
+
     /// An unregistered object without identifier; `init` registers it later.
     Object() = default;
     /// Sets the repository (null: the system's transient one) and registers the object.

@@ -1,30 +1,19 @@
-#include <QProcess>
 #include <QtTest>
+
+#include "support/CliRun.h"
 
 /// The command-line tool as a script would use it: output, exit codes, usage errors.
 class TestCli : public QObject {
     Q_OBJECT
 
-    struct Result {
-        int code;
-        QString out;
-        QString err;
-    };
-
-    static Result run(const QStringList& arguments) {
-        QProcess process;
-        process.start(ZENTRA_CLI, arguments);
-        process.waitForFinished(60000);
-        return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
-                QString::fromUtf8(process.readAllStandardError())};
-    }
+    static CliResult run(const QStringList& arguments) { return run_cli(arguments); }
 
 private slots:
     void version_and_help() {
-        const Result version = run({"--version"});
+        const CliResult version = run({"--version"});
         QCOMPARE(version.code, 0);
         QVERIFY(version.out.startsWith("zentra "));
-        const Result help = run({"--help"});
+        const CliResult help = run({"--help"});
         QCOMPARE(help.code, 0);
         QVERIFY(help.out.contains("Usage: zentra <command>"));
         QVERIFY(help.out.contains("about"));
@@ -41,7 +30,7 @@ private slots:
     void usage_errors_exit_with_2() {
         QFETCH(QStringList, arguments);
         QFETCH(QString, message);
-        const Result result = run(arguments);
+        const CliResult result = run(arguments);
         QCOMPARE(result.code, 2);
         QVERIFY2(result.err.contains(message), qPrintable(result.err));
         QVERIFY(result.out.isEmpty());

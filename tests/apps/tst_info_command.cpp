@@ -1,24 +1,13 @@
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
+
+#include "support/CliRun.h"
 
 /// `zentra info` as a script would use it: the head of each document, errors and exit codes.
 class TestInfoCommand : public QObject {
     Q_OBJECT
 
-    struct Result {
-        int code;
-        QString out;
-        QString err;
-    };
-
-    static Result run(const QStringList& arguments) {
-        QProcess process;
-        process.start(ZENTRA_CLI, QStringList{"info"} + arguments);
-        process.waitForFinished(60000);
-        return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
-                QString::fromUtf8(process.readAllStandardError())};
-    }
+    static CliResult run(const QStringList& arguments) { return run_cli(QStringList{"info"} + arguments); }
 
     QTemporaryDir dir;
 
@@ -35,7 +24,7 @@ private slots:
             sourceFormat="fmt" created="2024-06-01T12:00:00" oxaversion="1.5"><content version="1.2">
             <section name="objectSection"/><section name="unheardOf"/></content></objects>)");
         const QString broken = write("broken.oxaxml", "<objects><content><section></content>");
-        const Result result = run({good, broken, dir.filePath("missing.oxaxml")});
+        const CliResult result = run({good, broken, dir.filePath("missing.oxaxml")});
         QCOMPARE(result.code, 1);
         QVERIFY(result.out.startsWith(good + "\n"));
         QVERIFY(result.out.contains("project id:         PRJ-9\n"));
@@ -48,14 +37,14 @@ private slots:
     }
 
     void all_good_exits_with_0() {
-        const Result result = run({write("empty.oxaxml", "<objects><content/></objects>")});
+        const CliResult result = run({write("empty.oxaxml", "<objects><content/></objects>")});
         QCOMPARE(result.code, 0);
         QVERIFY(result.out.contains("sections:           \n"));
         QVERIFY(result.err.isEmpty());
     }
 
     void no_file_is_a_usage_error() {
-        const Result result = run({});
+        const CliResult result = run({});
         QCOMPARE(result.code, 2);
         QVERIFY(result.err.contains("no document given"));
     }

@@ -1,0 +1,35 @@
+#include "oxa/OxaOsReader.h"
+
+namespace oxa {
+
+namespace {
+OxaOsReader* instance = nullptr;
+}
+
+OxaOsReader::OxaOsReader() {
+    instance = this;
+}
+
+OxaOsReader::~OxaOsReader() {
+    if (instance == this)
+        instance = nullptr;
+}
+
+OxaOsReader* OxaOsReader::GetInstance() {
+    if (!instance)
+        new OxaOsReader; // stores itself; kept to the end of the process
+    return instance;
+}
+
+void OxaOsReader::SetRoot(OxaRoot* root) {
+    if (root)
+        this->root = root;
+}
+
+oxaIO::OxaObjects* OxaOsReader::Read(const QString&) {
+    if (root)
+        result = nullptr;
+    return nullptr;
+}
+
+} // namespace oxa
