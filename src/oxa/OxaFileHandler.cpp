@@ -4,6 +4,7 @@
 #include "basic/text.h"
 #include "mesh3D/Container.h"
 #include "mesh3D/Object3D.h"
+#include "oxa/OxaOsReader.h"
 #include "oxa/OxaRoot.h"
 #include "oxa/OxaXmlReader.h"
 #include "oxaIO/OxaXmlWriter.h"
@@ -72,6 +73,19 @@ oxaIO::OxaObjects* OxaFileHandler::oxaReadXML(OxaRoot* root, const QString& file
     if (!foreign)
         delete reader;
     reader = nullptr;
+    return result;
+}
+
+oxaIO::OxaObjects* OxaFileHandler::oxaReadOsDatabase(OxaRoot* root, const QString& path) {
+    OxaOsReader* store = OxaOsReader::GetInstance();
+    if (!store)
+        return nullptr;
+    store->SetRoot(root);
+    oxaIO::OxaObjects* result = store->Read(path);
+    if (result) {
+        root->AddOxaObjects(result);
+        root->SyncObjectsToRootContainer();
+    }
     return result;
 }
 

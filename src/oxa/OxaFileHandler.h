@@ -40,6 +40,9 @@ public:
     oxaIO::OxaObjects* oxaReadXML(OxaRoot* root, const QString& fileName, QString* errorText,
                                   OxaXmlReader* reader = nullptr);
     bool oxaWriteXML(const QString& fileName, oxaIO::OxaObjects* objects, QString* errorText);
+    /// The object-store entry: callable, but no store is read yet, so it gives null and the root
+    /// stays as it was.
+    oxaIO::OxaObjects* oxaReadOsDatabase(OxaRoot* root, const QString& path);
     /// Fills `surface` from a document fragment held in memory, in metres.
     void oxaReadGeometryXML(mesh3D::Surface* surface, const QString& xmlText, QString* errorText);
 
