@@ -94,8 +94,9 @@ void OxaRoot::AddOxaObjects(oxaIO::OxaObjects* objects) { oxaObjects.append(obje
 bool OxaRoot::ImportOXAXML(const QString& fileName, const QString& subFolder, OxaXmlReader* reader) {
     if (fileName.isEmpty())
         return false;
+    /// The local handler has no channel of its own: a file reports only through a shared
+    /// reader's channel, and otherwise stays silent.
     OxaFileHandler handler;
-    handler.MsgService(messageService);
     QString ignored;
     oxaIO::OxaObjects* objects = handler.oxaReadXML(this, NativePath(fileName), &ignored, reader);
     if (!objects)
