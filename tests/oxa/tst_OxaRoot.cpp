@@ -159,7 +159,6 @@ private slots:
         basic::MessageService service;
         QSignalSpy messages(&service, &basic::MessageService::message);
         QSignalSpy progressMessages(&service, &basic::MessageService::progress_message);
-        QSignalSpy progress(&service, &basic::MessageService::progress);
         oxa::OxaRoot root(false);
         root.MsgService(&service);
         oxa::OxaXmlReader reader(root.System());
@@ -169,8 +168,7 @@ private slots:
         QCOMPARE(messages.size(), 1);
         QString expected = bad;
         QCOMPARE(messages.first().at(0).toString(), "Error reading file : " + expected.replace('/', '\\'));
-        // The root's handler has no channel: only the shared reader reports, with its progress.
-        QVERIFY(!progress.isEmpty());
+        // The root's handler has no channel of its own, so no import lines reach the host.
         for (const QList<QVariant>& arguments : progressMessages)
             QVERIFY(!arguments.at(0).toString().startsWith("oxa"));
     }
