@@ -1,4 +1,5 @@
 #include "Command.h"
+#include "Imported3ds.h"
 #include "LoadedModel.h"
 
 #include "basic/text.h"
@@ -57,10 +58,33 @@ int run_info(const QStringList& arguments, QTextStream& out, QTextStream& err) {
     QStringList paths = arguments;
     const bool json = paths.removeAll("--json") > 0;
     if (paths.isEmpty())
-        throw UsageError("no document or project folder given");
+        throw UsageError("no document given");
     int exit_code = 0;
     QJsonArray reports;
     for (const QString& path : paths) {
+        if (Imported3ds::is_3ds(path)) {
+            const Imported3ds imported(path);
+            if (!imported.document()) {
+                err << imported.error() << "\n";
+                err.flush();
+                exit_code = 1;
+                continue;
+            }
+            out << path << "\n";
+            imported.print_summary(out);
+            out.flush();
+            continue;
+        }
+        if (!QFileInfo(path).isDir()) {
+            const oxa::OxaInfoReader head(path);
+            if (!head.IsValid()) {
+                out.flush();
+                err << head.ErrorText() << "\n";
+                err.flush();
+                exit_code = 1;
+                continue;
+            }
+        }
         QJsonObject report{{"path", path}};
         QJsonArray heads;
         if (!json)
@@ -113,7 +137,7 @@ int run_info(const QStringList& arguments, QTextStream& out, QTextStream& err) {
 
 const CommandRegistration registration({"info", "[--json] PATH...",
                                         "print the heads, sections and full-load counts of documents or "
-                                        "project folders",
+                                        "project folders, or what a 3DS file holds",
                                         run_info});
 
 } // namespace
