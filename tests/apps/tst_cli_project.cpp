@@ -76,6 +76,21 @@ private slots:
         QCOMPARE(Counts(copy), Counts(dir.filePath("p")));
     }
 
+    void sampleProjectIsMadeByTheLibraryAndBundled() {
+        const QString made = dir.filePath("sample");
+        QCOMPARE(run_cli({"sample", made}).code, 0);
+        const QJsonObject counts = Counts(made);
+        QCOMPARE(counts.value("objects").toInt(), 4);
+        QCOMPARE(counts.value("triangles").toInt(), 48);
+        QCOMPARE(counts.value("materials").toInt(), 3);
+        QCOMPARE(counts.value("properties").toInt(), 2);
+        QCOMPARE(counts.value("contacts").toInt(), 1);
+        QCOMPARE(counts.value("intersections").toInt(), 1);
+        QVERIFY(QFile::exists(made + "/structure/structure.oxaxml"));
+        // The bundled copy is what the generator makes.
+        QCOMPARE(Counts(QStringLiteral(ZENTRA_SOURCE_DIR) + "/examples/sample-project"), counts);
+    }
+
     void failuresNameTheFileAndTheReason() {
         const CliResult missing = run_cli({"info", dir.filePath("none")});
         QCOMPARE(missing.code, 1);
