@@ -28,7 +28,7 @@ namespace {
 
 /// A document created at `created` with one container `id` holding the objects `objects`.
 QByteArray Doc(const QByteArray& created, const QByteArray& id, const QList<QByteArray>& objects,
-               const QByteArray& rest = {}) {
+               const QByteArray& rest = {}, const QByteArray& unit = "m") {
     // Objects sit one level down: a root container holds containers only when written.
     QByteArray body = "<container ID=\"" + id + "\" name=\"" + id.toLower() + "\"><container ID=\"" + id +
                       "-IN\" name=\"in\">";
@@ -42,7 +42,7 @@ QByteArray Doc(const QByteArray& created, const QByteArray& id, const QList<QByt
                 "<p nr=\"1\" x=\"1\" y=\"0\" z=\"0\"/><p nr=\"2\" x=\"0\" y=\"1\" z=\"0\"/>"
                 "<t p1=\"0\" p2=\"1\" p3=\"2\"/></data3D>";
     body += data + "</objectDataSection>";
-    return fixture::Document(body, rest)
+    return fixture::Document(body, rest, unit)
         .replace("2024-06-01T12:00:00", created)
         .replace("\n<objectSection", "\n<content version=\"1.2\"><section name=\"objectSection\"/></content><objectSection");
 }
@@ -194,9 +194,19 @@ private slots:
         QCOMPARE(Sorted(root.GetContacts().value("A")), QStringList({"B", "X"}));
     }
 
+    void writtenProjectReadsBackEqual_data() {
+        QTest::addColumn<QByteArray>("unit");
+        QTest::newRow("metres") << QByteArray("m");
+        QTest::newRow("millimetres") << QByteArray("mm");
+    }
+
     void writtenProjectReadsBackEqual() {
-        write("w/top.oxaxml", Doc("2024-02-01T00:00:00", "TOP", {"T1", "T2"}));
-        write("w/deep/sub.oxaxml", Doc("2024-01-01T00:00:00", "SUB", {"S1"}));
+        QFETCH(QByteArray, unit);
+        QDir(dir.filePath("w")).removeRecursively();
+        QDir(dir.filePath("copy")).removeRecursively();
+        QDir(dir.filePath("second")).removeRecursively();
+        write("w/top.oxaxml", Doc("2024-02-01T00:00:00", "TOP", {"T1", "T2"}, {}, unit));
+        write("w/deep/sub.oxaxml", Doc("2024-01-01T00:00:00", "SUB", {"S1"}, {}, unit));
         basic::MessageService service;
         QSignalSpy messages(&service, &basic::MessageService::message);
         oxa::OxaRoot root(false);
@@ -214,6 +224,13 @@ private slots:
         QVERIFY(again.ReadFromOxaProject(copy, {"deep"}));
         QCOMPARE(Dumps(again), Dumps(root));
         QCOMPARE(Dumps(root).value("TOP").count("<Object3D"), 2);
+        // The geometry comes back at the same place, whatever unit the document was in.
+        const auto* read = dynamic_cast<mesh3D::Object3D*>(root.System()->object("T1"));
+        const auto* back = dynamic_cast<mesh3D::Object3D*>(again.System()->object("T1"));
+        QVERIFY(read && back);
+        QCOMPARE(back->triangles().size(), 1);
+        QCOMPARE(back->getBoundingbox().xmax, read->getBoundingbox().xmax);
+        QCOMPARE(read->getBoundingbox().xmax, unit == "mm" ? 0.001 : 1.0);
         // Writing the copy again gives the same bytes: nothing drifts on a second round.
         const QString second = dir.filePath("second");
         QVERIFY(QDir().mkpath(second));
