@@ -10,6 +10,7 @@
 #include "oxaIO/ExportContext.h"
 #include "oxaIO/OxaObjects.h"
 
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
 #include <QJsonArray>
@@ -272,9 +273,18 @@ private slots:
         oxa::OxaXmlReader reader(root.System());
         basic::MessageService service;
         reader.MsgService(&service);
-        std::atomic<bool> done{false}, cancelled{false};
+        // The other thread cancels at the first progress report, and the read waits there for it,
+        // so that the big document's container stands by the time the cancel arrives however the
+        // threads are scheduled.
+        std::atomic<bool> done{false}, cancelled{false}, progressed{false};
+        connect(&service, &basic::MessageService::progress, [&] {
+            progressed = true;
+            QDeadlineTimer patience(10000);
+            while (!cancelled && !patience.hasExpired())
+                std::this_thread::yield();
+        });
         std::thread canceller([&] {
-            while (!done && !reader.IsReading())
+            while (!done && !progressed)
                 std::this_thread::yield();
             if (!done) {
                 reader.CancelReading();
