@@ -1,8 +1,15 @@
 #include "Command.h"
 #include "Imported3ds.h"
+#include "LoadedModel.h"
 
 #include "basic/text.h"
 #include "oxa/OxaInfoReader.h"
+
+#include <QDirIterator>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 
 namespace {
 
@@ -15,52 +22,122 @@ QString section_list(const oxa::OxaInfoReader& reader) {
     return names.join("; ");
 }
 
-void print_head(const oxa::OxaInfoReader& reader, QTextStream& out) {
-    out << "  project id:         " << basic::FromStdString(reader.GetProjectID()) << "\n"
-        << "  created:            " << reader.GetCreated() << "\n"
-        << "  created by:         " << basic::FromStdString(reader.GetCreatedBy()) << "\n"
-        << "  source application: " << basic::FromStdString(reader.GetSourceApp()) << "\n"
-        << "  source format:      " << basic::FromStdString(reader.GetSourceFormat()) << "\n"
-        << "  version:            " << basic::FromStdString(reader.GetVersion()) << "\n"
-        << "  sections:           " << section_list(reader) << "\n";
+QList<QPair<QString, QString>> head_fields(const oxa::OxaInfoReader& reader) {
+    return {{"project id", basic::FromStdString(reader.GetProjectID())},
+            {"created", reader.GetCreated()},
+            {"created by", basic::FromStdString(reader.GetCreatedBy())},
+            {"source application", basic::FromStdString(reader.GetSourceApp())},
+            {"source format", basic::FromStdString(reader.GetSourceFormat())},
+            {"version", basic::FromStdString(reader.GetVersion())},
+            {"sections", section_list(reader)}};
+}
+
+QList<QPair<QString, long>> count_fields(const ModelCounts& c) {
+    return {{"containers", c.containers},       {"objects", c.objects},
+            {"generic objects", c.genericObjects}, {"vertices", c.vertices},
+            {"triangles", c.triangles},         {"polygons", c.polygons},
+            {"materials", c.materials},         {"properties", c.properties},
+            {"contacts", c.contacts},           {"intersections", c.intersections},
+            {"height references", c.heightReferences}, {"views", c.views},
+            {"schedules", c.schedules}};
+}
+
+/// The documents of a path: the file itself, or every document below the folder.
+QStringList documents_of(const QString& path) {
+    if (!QFileInfo(path).isDir())
+        return {path};
+    QStringList files;
+    QDirIterator it(path, {"*.oxaxml"}, QDir::Files, QDirIterator::Subdirectories);
+    while (it.hasNext())
+        files << it.next();
+    files.sort();
+    return files;
 }
 
 int run_info(const QStringList& arguments, QTextStream& out, QTextStream& err) {
-    if (arguments.isEmpty())
+    QStringList paths = arguments;
+    const bool json = paths.removeAll("--json") > 0;
+    if (paths.isEmpty())
         throw UsageError("no document given");
     int exit_code = 0;
-    for (const QString& file : arguments) {
-        if (Imported3ds::is_3ds(file)) {
-            const Imported3ds imported(file);
+    QJsonArray reports;
+    for (const QString& path : paths) {
+        if (Imported3ds::is_3ds(path)) {
+            const Imported3ds imported(path);
             if (!imported.document()) {
-                out.flush();
                 err << imported.error() << "\n";
                 err.flush();
                 exit_code = 1;
                 continue;
             }
-            out << file << "\n";
+            out << path << "\n";
             imported.print_summary(out);
             out.flush();
             continue;
         }
-        const oxa::OxaInfoReader reader(file);
-        if (!reader.IsValid()) {
-            out.flush();
-            err << reader.ErrorText() << "\n";
-            err.flush();
-            exit_code = 1;
-            continue;
+        if (!QFileInfo(path).isDir()) {
+            const oxa::OxaInfoReader head(path);
+            if (!head.IsValid()) {
+                out.flush();
+                err << head.ErrorText() << "\n";
+                err.flush();
+                exit_code = 1;
+                continue;
+            }
         }
-        out << file << "\n";
-        print_head(reader, out);
+        QJsonObject report{{"path", path}};
+        QJsonArray heads;
+        if (!json)
+            out << path << "\n";
+        for (const QString& file : documents_of(path)) {
+            const oxa::OxaInfoReader reader(file);
+            if (!reader.IsValid())
+                continue; // the full load below reports it
+            QJsonObject head{{"file", file}};
+            if (!json && file != path)
+                out << " " << file << "\n";
+            for (const auto& field : head_fields(reader)) {
+                head.insert(field.first, field.second);
+                if (!json)
+                    out << "  " << QString(field.first + ":").leftJustified(20) << field.second << "\n";
+            }
+            heads.append(head);
+        }
+        report.insert("documents", heads);
+
+        LoadedModel model(path);
+        QJsonObject counts;
+        for (const auto& field : count_fields(model.counts())) {
+            counts.insert(field.first, static_cast<double>(field.second));
+            if (!json)
+                out << "  " << QString(field.first + ":").leftJustified(20) << field.second << "\n";
+        }
+        report.insert("counts", counts);
+        report.insert("load seconds", model.seconds());
+        report.insert("peak memory MiB", peak_memory_mib());
+        report.insert("cancelled", model.cancelled());
+        if (!json)
+            out << "  " << QString("load time:").leftJustified(20) << QString::number(model.seconds(), 'f', 3)
+                << " s\n  " << QString("peak memory:").leftJustified(20)
+                << QString::number(peak_memory_mib(), 'f', 1) << " MiB\n";
+        if (model.cancelled())
+            err << path << ": cancelled; counts show what was read\n";
+        for (const QString& error : model.errors())
+            err << error << "\n";
+        if (!model.errors().isEmpty() || model.cancelled())
+            exit_code = 1;
+        reports.append(report);
         out.flush();
+        err.flush();
     }
+    if (json)
+        out << QJsonDocument(reports).toJson(QJsonDocument::Indented);
     return exit_code;
 }
 
-const CommandRegistration registration(
-    {"info", "FILE...", "print the head and section list of exchange documents, or what a 3DS file holds",
-     run_info});
+const CommandRegistration registration({"info", "[--json] PATH...",
+                                        "print the heads, sections and full-load counts of documents or "
+                                        "project folders, or what a 3DS file holds",
+                                        run_info});
 
 } // namespace

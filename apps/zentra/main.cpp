@@ -1,6 +1,7 @@
 #include "Command.h"
 
 #include <QCoreApplication>
+#include <QLoggingCategory>
 
 #include <algorithm>
 
@@ -39,6 +40,8 @@ const std::vector<Command>& registered_commands() { return command_table(); }
 
 int main(int argc, char** argv) {
     QCoreApplication app(argc, argv);
+    // The library's debug trace is for developers; the tool's own output is its report.
+    QLoggingCategory::setFilterRules("*.debug=false");
     QTextStream out(stdout);
     QTextStream err(stderr);
     QStringList arguments = app.arguments().mid(1);

@@ -11,10 +11,9 @@ vmp::Vector edge_cross(const Point* p0, const Point* p1, const Point* p2) {
 }
 } // namespace
 
-Triangle::Triangle(Point* p0, Point* p1, Point* p2) : _points(new Point* [3] { p0, p1, p2 }) {}
+Triangle::Triangle(Point* p0, Point* p1, Point* p2) : _points{p0, p1, p2} {}
 
-Triangle::Triangle(const Triangle& other)
-    : _points(new Point* [3] { other._points[0], other._points[1], other._points[2] }) {}
+Triangle::Triangle(const Triangle& other) : _points{other._points[0], other._points[1], other._points[2]} {}
 
 Triangle& Triangle::operator=(const Triangle& other) {
     for (int i = 0; i < 3; ++i)
@@ -22,9 +21,7 @@ Triangle& Triangle::operator=(const Triangle& other) {
     return *this;
 }
 
-Triangle::~Triangle() {
-    delete[] _points;
-}
+Triangle::~Triangle() = default;
 
 void Triangle::point(int i, Point* p) {
     _points[i] = p;

@@ -56,7 +56,9 @@ public:
 private:
     double edge_length(int i) const;
 
-    Point** _points;
+    /// Held in place: a triangle is created once per mesh triangle, and a separate array would
+    /// cost an allocation of its own each time.
+    Point* _points[3];
 };
 
 } // namespace geometry3D

@@ -345,15 +345,19 @@ void Surface::update_edges(double angle) {
     if (_edge_count == 0)
         return;
     _edges = new triangle_edges*[_edge_count];
+    _edge_records = new triangle_edges[_edge_count];
     int next = 0;
     for (int t = 0; t < count; ++t)
-        if (recorded[t])
-            _edges[next++] = new triangle_edges{map.primitive(t), flags[t]};
+        if (recorded[t]) {
+            _edge_records[next] = triangle_edges{map.primitive(t), flags[t]};
+            _edges[next] = &_edge_records[next];
+            ++next;
+        }
 }
 
 void Surface::free_edges() {
-    for (int i = 0; i < _edge_count; ++i)
-        delete _edges[i];
+    delete[] _edge_records;
+    _edge_records = nullptr;
     delete[] _edges;
     _edges = nullptr;
     _edge_count = 0;

@@ -168,6 +168,9 @@ private:
     QList<Triangle*> _triangles;
     QList<Polygon*> _polygons;
     triangle_edges** _edges = nullptr;
+    /// The records `_edges` points to, allocated in one block: a model has about as many of
+    /// them as triangles, and one allocation each would double their size.
+    triangle_edges* _edge_records = nullptr;
     int _edge_count = 0;
     Material* _material = nullptr;
     int _simulation_type = 0;

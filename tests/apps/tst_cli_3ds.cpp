@@ -66,8 +66,6 @@ private slots:
         QTest::addColumn<QString>("message");
         QTest::newRow("one argument")
             << QStringList{"convert", "a.3ds"} << "give one input file and one output file";
-        QTest::newRow("not a 3DS file")
-            << QStringList{"convert", "a.oxaxml", "b.oxaxml"} << "the input must be a 3DS file";
     }
 
     void convert_usage_errors() {

@@ -80,6 +80,12 @@ private slots:
             }
             QCOMPARE(shared, edges - 4);
         }
+        // A second pass replaces the records with equal ones.
+        surface.update_edges(basic::to_radians(45.0));
+        QCOMPARE(surface.count_triangle_edge_objects(), records);
+        QCOMPARE(surface.count_edges(), long(edges));
+        for (int i = 0; i < records; ++i)
+            QVERIFY(surface.triangles().contains(surface.edges()[i]->triangle));
     }
 
     void empty_geometry_frees_the_edges() {

@@ -1,0 +1,160 @@
+#include "LoadedModel.h"
+
+#include "basic/MessageService.h"
+#include "basic/text.h"
+#include "mesh3D/Container.h"
+#include "mesh3D/GenericObject.h"
+#include "mesh3D/Object3D.h"
+#include "mesh3D/Triangle.h"
+#include "oxa/OxaFileHandler.h"
+#include "oxa/OxaInfoReader.h"
+#include "oxa/OxaXmlReader.h"
+#include "oxaIO/ContactList.h"
+#include "oxaIO/IView.h"
+#include "oxaIO/IntersectionList.h"
+#include "oxaIO/OxaActivitySection.h"
+#include "oxaIO/OxaObjectSection.h"
+#include "oxaIO/OxaObjects.h"
+#include "oxaIO/OxaPropertySection.h"
+#include "oxaIO/OxaTopologySection.h"
+#include "oxaIO/OxaVisualisationSection.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <QSet>
+
+#include <atomic>
+#include <csignal>
+#include <cstdio>
+
+#include <sys/resource.h>
+#include <unistd.h>
+
+namespace {
+
+std::atomic<oxa::OxaXmlReader*> runningReader{nullptr};
+std::atomic<bool> interrupted{false};
+
+extern "C" void cancel_on_interrupt(int) {
+    interrupted = true;
+    if (oxa::OxaXmlReader* reader = runningReader.load())
+        reader->CancelReading();
+}
+
+/// Draws the load's progress as one line on standard error.
+void draw_progress(double fraction) {
+    const int width = 40;
+    const int filled = static_cast<int>(qBound(0.0, fraction, 1.0) * width);
+    std::fprintf(stderr, "\r[%s%s] %3d%%", std::string(filled, '#').c_str(),
+                 std::string(width - filled, ' ').c_str(), static_cast<int>(fraction * 100));
+    std::fflush(stderr);
+}
+
+/// Subfolders of `path` (relative, at any depth) that hold documents.
+QStringList document_subfolders(const QString& path) {
+    QStringList folders;
+    QDirIterator it(path, QDir::Dirs | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
+    while (it.hasNext()) {
+        const QString folder = it.next();
+        if (!QDir(folder).entryList({"*.oxaxml"}, QDir::Files).isEmpty())
+            folders << QDir(path).relativeFilePath(folder);
+    }
+    folders.sort();
+    return folders;
+}
+
+QString read_failure(const QString& file) {
+    const oxa::OxaInfoReader info(file);
+    return info.IsValid() ? QString("the document could not be read") : info.ErrorText();
+}
+
+void count_tree(const mesh3D::Container* container, ModelCounts& counts) {
+    for (mesh3D::Element* child : container->children()) {
+        if (auto* inner = dynamic_cast<mesh3D::Container*>(child)) {
+            ++counts.containers;
+            count_tree(inner, counts);
+        } else if (auto* object = dynamic_cast<mesh3D::Object3D*>(child)) {
+            ++counts.objects;
+            counts.triangles += object->triangles().size();
+            counts.polygons += object->polygons().size();
+            QSet<const mesh3D::Vertex*> vertices;
+            for (const mesh3D::Triangle* triangle : object->triangles())
+                for (int i = 0; i < 3; ++i)
+                    vertices.insert(triangle->vertex(i));
+            counts.vertices += vertices.size();
+        } else if (dynamic_cast<mesh3D::GenericObject*>(child)) {
+            ++counts.genericObjects;
+        }
+    }
+}
+
+} // namespace
+
+LoadedModel::LoadedModel(const QString& path) {
+    const QFileInfo info(path);
+    if (!info.exists()) {
+        _errors << path + ": no such file or folder";
+        return;
+    }
+    _project = info.isDir();
+    basic::MessageService service;
+    oxa::OxaXmlReader reader(_root.System());
+    reader.MsgService(&service);
+    if (isatty(STDERR_FILENO))
+        QObject::connect(&service, &basic::MessageService::progress, &draw_progress);
+    QStringList failed;
+    QObject::connect(&service, &basic::MessageService::message, [&failed](const QString& text) {
+        static const QString prefix = "Error reading file : ";
+        if (text.startsWith(prefix))
+            failed << QString(text).mid(prefix.size()).replace('\\', '/');
+    });
+    _root.MsgService(&service);
+    runningReader = &reader;
+    auto previous = std::signal(SIGINT, cancel_on_interrupt);
+    QElapsedTimer timer;
+    timer.start();
+    if (_project) {
+        _root.ReadFromOxaProject(info.absoluteFilePath(), document_subfolders(path), &reader);
+    } else {
+        oxa::OxaFileHandler handler;
+        QString error;
+        if (!handler.oxaReadXML(&_root, path, &error, &reader))
+            _errors << path + ": " + error;
+    }
+    _seconds = timer.nsecsElapsed() / 1e9;
+    std::signal(SIGINT, previous);
+    runningReader = nullptr;
+    _cancelled = interrupted;
+    if (isatty(STDERR_FILENO))
+        std::fprintf(stderr, "\r%*s\r", 48, "");
+    _root.MsgService(nullptr);
+    for (const QString& file : failed)
+        _errors << file + ": " + read_failure(file);
+}
+
+ModelCounts LoadedModel::counts() const {
+    ModelCounts counts;
+    count_tree(_root.RootContainer(), counts);
+    for (const oxaIO::OxaObjects* document : _root.OxaObjectsList()) {
+        counts.materials += document->ObjectSection().GetMaterials().size();
+        counts.properties += document->ObjectSection().PropertySection().GetProperties().size();
+        const oxaIO::OxaTopologySection& topology = document->TopologySection();
+        for (const oxaIO::ContactList* list : topology.GetContacts())
+            counts.contacts += list->GetContactRelations().size();
+        for (const oxaIO::IntersectionList* list : topology.GetIntersections())
+            counts.intersections += list->GetIntersectionRelations().size();
+        for (const oxaIO::IViewContainer* views : document->VisualisationSection().ViewContainers())
+            counts.views += views->Views().size();
+        counts.schedules += document->ActivitySection().Schedules().size();
+    }
+    counts.heightReferences = _root.HRefList().size();
+    return counts;
+}
+
+double peak_memory_mib() {
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_maxrss / 1024.0;
+}

@@ -1,0 +1,159 @@
+#include "ReaderFixture.h"
+
+#include "basic/MessageService.h"
+#include "mesh3D/Container.h"
+#include "mesh3D/Object3D.h"
+#include "oxa/OxaFileHandler.h"
+#include "oxa/OxaRoot.h"
+#include "oxa/OxaXmlReader.h"
+#include "oxaIO/OxaObjects.h"
+
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace {
+
+QByteArray NestedDocument() {
+    return fixture::Document(R"(<container ID="OUT" name="outer" composite="true"><container ID="IN" name="inner">
+<object3D ID="O1" name="first"/></container><object3D ID="O2" name="second"/></container>)");
+}
+
+QStringList Texts(const QSignalSpy& spy) {
+    QStringList texts;
+    for (const QList<QVariant>& arguments : spy)
+        texts << arguments.at(0).toString();
+    return texts;
+}
+
+} // namespace
+
+class tst_OxaFileHandler : public QObject {
+    Q_OBJECT
+
+    QTemporaryDir dir;
+
+private slots:
+    void initTestCase() { QVERIFY(dir.isValid()); }
+
+    void missingFileTouchesNothing() {
+        basic::MessageService service;
+        QSignalSpy progress(&service, &basic::MessageService::progress_message);
+        oxa::OxaRoot root(false);
+        oxa::OxaFileHandler handler;
+        handler.MsgService(&service);
+        QString error = "untouched";
+        const QString missing = dir.filePath("missing.oxaxml");
+        QCOMPARE(handler.oxaReadXML(&root, missing, &error), nullptr);
+        QCOMPARE(error, QString("untouched"));
+        QVERIFY(root.OxaObjectsList().isEmpty());
+        QCOMPARE(Texts(progress),
+                 QStringList({"oxa: import file " + missing, "oxa: ERROR : file does not exist !"}));
+    }
+
+    void parseFailureIsReported() {
+        const QString path = dir.filePath("broken.oxaxml");
+        QVERIFY(fixture::WriteFile(path, "<objects><objectSection"));
+        basic::MessageService service;
+        QSignalSpy progress(&service, &basic::MessageService::progress_message);
+        oxa::OxaRoot root(false);
+        oxa::OxaFileHandler handler;
+        handler.MsgService(&service);
+        QString error;
+        QCOMPARE(handler.oxaReadXML(&root, path, &error), nullptr);
+        QVERIFY(!error.isEmpty());
+        QCOMPARE(Texts(progress).last(), "oxaReader ERROR: " + error);
+        QVERIFY(!handler.IsReading());
+    }
+
+    void foreignReaderStaysAliveAndIsReused() {
+        const QString first = dir.filePath("first.oxaxml");
+        const QString second = dir.filePath("second.oxaxml");
+        QVERIFY(fixture::WriteFile(first, NestedDocument()));
+        QVERIFY(fixture::WriteFile(second, fixture::Document(R"(<container ID="OTHER" name="other"/>)")));
+        oxa::OxaRoot root(false);
+        oxa::OxaXmlReader reader(root.System());
+        oxa::OxaFileHandler handler;
+        QVERIFY(handler.oxaReadXML(&root, first, nullptr, &reader));
+        QVERIFY(handler.oxaReadXML(&root, second, nullptr, &reader));
+        QCOMPARE(root.OxaObjectsList().size(), 2);
+        QCOMPARE(root.RootContainer()->children().size(), 2);
+        QCOMPARE(reader.System(), root.System());
+    }
+
+    void dumpListsTheTree() {
+        const QString path = dir.filePath("nested.oxaxml");
+        QVERIFY(fixture::WriteFile(path, NestedDocument()));
+        oxa::OxaRoot root(false);
+        oxa::OxaFileHandler handler;
+        QVERIFY(handler.oxaReadXML(&root, path, nullptr));
+        const QString dump = dir.filePath("dump.txt");
+        oxa::OxaFileHandler::DumpContainerInFile(&root, dump);
+        QFile file(dump);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QString id = root.RootContainer()->id();
+        QCOMPARE(QString::fromUtf8(file.readAll()),
+                 "<Container composite=0 name=\"" + root.RootContainer()->name() + "\" ID=\"" + id + "\">\n" +
+                     "  <Container composite=1 name=\"outer\" ID=\"OUT\">\n"
+                     "    <Container composite=0 name=\"inner\" ID=\"IN\">\n"
+                     "      <Object3D name=\"first\" ID=\"O1\" />\n"
+                     "    </Container>\n"
+                     "    <Object3D name=\"second\" ID=\"O2\" />\n"
+                     "  </Container>\n"
+                     "</Container>\n");
+    }
+
+    void emptyRootDumpsTwoLines() {
+        oxa::OxaRoot root(false);
+        QString text;
+        QTextStream stream(&text);
+        oxa::OxaFileHandler::DumpContainer(root.RootContainer(), stream);
+        stream.flush();
+        QCOMPARE(text.count('\n'), 2);
+        QVERIFY(text.endsWith("</Container>\n"));
+        // A dump file that cannot be opened is left alone without a word.
+        oxa::OxaFileHandler::DumpContainerInFile(&root, dir.filePath("no/such/folder/dump.txt"));
+        QVERIFY(!QFile::exists(dir.filePath("no/such/folder/dump.txt")));
+    }
+
+    void settingsReachTheNextReaderOnly() {
+        basic::MessageService service;
+        oxa::OxaFileHandler handler;
+        handler.SetMultiFileSize(1000);
+        handler.SetMultiFileOffset(10);
+        handler.MsgService(&service);
+        QCOMPARE(handler.MsgService(), &service);
+        QVERIFY(!handler.IsReading());
+        // A copy shares every field; with no read running neither holds a reader.
+        const oxa::OxaFileHandler copy(handler);
+        QCOMPARE(copy.MsgService(), &service);
+    }
+
+    void geometryFragmentAndStoreEntry() {
+        oxa::OxaFileHandler handler;
+        QString error = "untouched";
+        handler.oxaReadGeometryXML(nullptr, "<data3D/>", &error);
+        QCOMPARE(error, QString("untouched"));
+
+        oxa::OxaRoot root(false);
+        QCOMPARE(handler.oxaReadOsDatabase(&root, dir.filePath("store")), nullptr);
+        QVERIFY(root.OxaObjectsList().isEmpty());
+        QVERIFY(root.RootContainer()->children().isEmpty());
+    }
+
+    void writeFailureGivesTheWritersText() {
+        const QString path = dir.filePath("w.oxaxml");
+        QVERIFY(fixture::WriteFile(path, NestedDocument()));
+        oxa::OxaRoot root(false);
+        oxa::OxaFileHandler handler;
+        oxaIO::OxaObjects* objects = handler.oxaReadXML(&root, path, nullptr);
+        QVERIFY(objects);
+        QString error;
+        QVERIFY(!handler.oxaWriteXML(dir.filePath("no/such/folder/out.oxaxml"), objects, &error));
+        QVERIFY(!error.isEmpty());
+        QVERIFY(handler.oxaWriteXML(dir.filePath("out.oxaxml"), objects, &error));
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_OxaFileHandler)
+#include "tst_OxaFileHandler.moc"
