@@ -4,9 +4,10 @@
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 build=${ZENTRA_TSAN_BUILD_DIR:-$root/build-tsan}
-# The reader tests hold the cancel from another thread while the reader reports progress.
-targets=(tst_oxa_OxaXmlReader)
-tests='^oxa\.OxaXmlReader$'
+# The reader and project tests hold the cancel from another thread while a read reports
+# progress.
+targets=(tst_oxa_OxaXmlReader tst_oxa_OxaRoot)
+tests='^oxa\.(OxaXmlReader|OxaRoot)$'
 "$root/scripts/setup.sh"
 CC=clang-14 CXX=clang++-14 cmake -S "$root" -B "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo \
   -DZENTRA_TSAN=ON -DZENTRA_BUILD_BENCH=OFF >/dev/null
