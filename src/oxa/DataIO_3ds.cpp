@@ -9,6 +9,7 @@
 #include "mesh3D/Triangle.h"
 #include "mesh3D/Vertex.h"
 #include "model/System.h"
+#include "oxa/OxaRoot.h"
 #include "oxa/Stream3ds.h"
 #include "oxaIO/ExportContext.h"
 #include "oxaIO/OxaObjectSection.h"
@@ -252,6 +253,16 @@ bool place(mesh3D::Container* container, mesh3D::Element* element, QSet<mesh3D::
 
 QStringList DataIO_3ds::supported_formats() const {
     return QStringList{QStringLiteral("*.3ds")};
+}
+
+oxaIO::OxaObjects* DataIO_3ds::import_file(OxaRoot* root, const QString& fileName, double scale,
+                                           QString* errorText) {
+    oxaIO::OxaObjects* objects = import_file(root->System(), root->MsgService(), fileName, scale, errorText);
+    if (!objects)
+        return nullptr;
+    root->AddOxaObjects(objects);
+    root->SyncObjectsToRootContainer();
+    return objects;
 }
 
 oxaIO::OxaObjects* DataIO_3ds::import_file(model::System* system, basic::MessageService* messages,

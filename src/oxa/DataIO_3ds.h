@@ -27,6 +27,8 @@ class OxaObjects;
 
 namespace oxa {
 
+class OxaRoot;
+
 /// Imports a 3DS file into the element tree and wraps it in a document of its own, so that from
 /// then on the file is a document of the project like any exchange document. The 3DS file is read
 /// with bounds checks everywhere: a cut-off or malformed file ends the read where it breaks, and
@@ -65,6 +67,11 @@ public:
     /// "*.3ds".
     QStringList supported_formats() const override;
 
+    /// The whole import into a project root: the file is read into the root's system, the new
+    /// document is added to the root and the root container is brought in step with it. Returns
+    /// the document, which the root owns; null, and `errorText` set, on failure.
+    static oxaIO::OxaObjects* import_file(OxaRoot* root, const QString& fileName, double scale,
+                                          QString* errorText);
     /// Steps of `import_file` that need no project root: reads the file into `system` and gives
     /// a new document that owns the import's root container and its materials, with its head
     /// filled; null, and `error_text` set, when the file cannot be opened. `messages` may be

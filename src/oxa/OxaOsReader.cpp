@@ -1,5 +1,7 @@
 #include "oxa/OxaOsReader.h"
 
+#include "oxa/OxaRoot.h"
+
 namespace oxa {
 
 namespace {
@@ -22,8 +24,10 @@ OxaOsReader* OxaOsReader::GetInstance() {
 }
 
 void OxaOsReader::SetRoot(OxaRoot* root) {
-    if (root)
-        this->root = root;
+    if (!root)
+        return;
+    this->root = root;
+    system = root->System();
 }
 
 oxaIO::OxaObjects* OxaOsReader::Read(const QString&) {

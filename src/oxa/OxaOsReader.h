@@ -5,6 +5,9 @@
 #include <QHash>
 #include <QString>
 
+namespace model {
+class System;
+}
 namespace oxaIO {
 class OxaObjects;
 }
@@ -24,18 +27,20 @@ public:
     OxaOsReader& operator=(const OxaOsReader&) = delete;
 
     static OxaOsReader* GetInstance();
-    /// Keeps the root to read into; null is ignored and the last root stays.
+    /// Keeps the root to read into and its system; null is ignored and the last root stays.
     void SetRoot(OxaRoot* root);
     /// Always null: there is no object store to read. With a root set, the result is cleared.
     oxaIO::OxaObjects* Read(const QString& path);
 
     OxaRoot* Root() const { return root; }
+    model::System* System() const { return system; }
 
 private:
     OxaOsReader();
 
     oxaIO::OxaObjects* result = nullptr;
     OxaRoot* root = nullptr;
+    model::System* system = nullptr;
     // Reserved for a reader of a real store; nothing uses them yet.
     QHash<QString, QString> firstTable;
     QHash<QString, QString> secondTable;

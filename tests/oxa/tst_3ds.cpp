@@ -11,6 +11,7 @@
 #include "mesh3D/Vertex.h"
 #include "model/System.h"
 #include "oxa/DataIO_3ds.h"
+#include "oxa/OxaRoot.h"
 #include "oxaIO/ExportContext.h"
 #include "oxaIO/OxaObjectSection.h"
 #include "oxaIO/OxaObjects.h"
@@ -132,6 +133,7 @@ private slots:
     void hostile_lengths_end_the_read_cleanly();
     void every_cut_of_a_file_reads_what_was_whole();
     void missing_file_gives_null_and_a_text();
+    void import_into_a_project_root();
     void repeated_import_makes_new_names();
     void shared_files_match_their_references();
 };
@@ -384,6 +386,24 @@ void Test3ds::missing_file_gives_null_and_a_text() {
     QVERIFY(!imported.run("/nonexistent/folder/none.3ds"));
     QCOMPARE(imported.error, QString("3ds: could not open file [/nonexistent/folder/none.3ds]"));
     QCOMPARE(messages.last().at(0).toString(), imported.error);
+}
+
+void Test3ds::import_into_a_project_root() {
+    QTemporaryDir folder;
+    const QString path = folder.filePath("model.3ds");
+    QVERIFY(save(path, file(red_material() + quad_object("One") + quad_object("Two"))));
+    oxa::OxaRoot root(false);
+    QString error;
+    QVERIFY(!oxa::DataIO_3ds::import_file(&root, folder.filePath("none.3ds"), 1.0, &error));
+    QVERIFY(root.OxaObjectsList().isEmpty());
+    QVERIFY(root.RootContainer()->children().isEmpty());
+
+    oxaIO::OxaObjects* document = oxa::DataIO_3ds::import_file(&root, path, 1.0, &error);
+    QVERIFY2(document, qPrintable(error));
+    QCOMPARE(root.OxaObjectsList(), QList<oxaIO::OxaObjects*>{document});
+    const QList<mesh3D::Element*>& top = root.RootContainer()->children();
+    QCOMPARE(top.size(), 1);
+    QCOMPARE(tree(top.first()), QString("model.3ds[model.3ds::One, model.3ds::Two]"));
 }
 
 void Test3ds::repeated_import_makes_new_names() {

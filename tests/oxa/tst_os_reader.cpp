@@ -1,4 +1,5 @@
 #include "oxa/OxaOsReader.h"
+#include "oxa/OxaRoot.h"
 
 #include <QtTest>
 
@@ -21,14 +22,16 @@ private slots:
     }
     void a_null_root_leaves_the_last_root() {
         oxa::OxaOsReader* reader = oxa::OxaOsReader::GetInstance();
-        // The reader only keeps the pointer, so any address stands for a root here.
-        auto* root = reinterpret_cast<oxa::OxaRoot*>(this);
-        reader->SetRoot(root);
-        QCOMPARE(reader->Root(), root);
+        oxa::OxaRoot root(false);
+        reader->SetRoot(&root);
+        QCOMPARE(reader->Root(), &root);
+        QCOMPARE(reader->System(), root.System());
         reader->SetRoot(nullptr);
-        QCOMPARE(reader->Root(), root);
+        QCOMPARE(reader->Root(), &root);
+        QCOMPARE(reader->System(), root.System());
         QVERIFY(!reader->Read("anything"));
-        QCOMPARE(reader->Root(), root);
+        QCOMPARE(reader->Root(), &root);
+        QVERIFY(root.OxaObjectsList().isEmpty());
     }
 };
 
