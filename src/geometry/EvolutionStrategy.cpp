@@ -131,6 +131,19 @@ Statistics statistics_of(const Population& population) {
 
 } // namespace
 
+EvolutionSettings box_search_settings(double precision, int population, int offspring) {
+    EvolutionSettings settings;
+    settings.recombine_x = 1;
+    settings.recombine_sigma = 1;
+    settings.init_mode = 0;
+    settings.sigma0 = 5.0;
+    settings.precision = precision;
+    settings.generations = 150;
+    settings.population = population;
+    settings.offspring = offspring;
+    return settings;
+}
+
 double* EvolutionStrategy::optimise(IOptimizable* problem, EvolutionSettings settings,
                                     basic::IProgress* progress, basic::IProgress* log) {
     const int n = static_cast<int>(problem->CountParameters());

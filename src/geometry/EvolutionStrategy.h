@@ -32,6 +32,10 @@ struct ZENTRA_EXPORT EvolutionSettings {
     int reserved_tail = 0;
 };
 
+/// The settings of the oriented box searches: intermediate recombination of parameters and step
+/// sizes, a uniform start, initial step 5 and 150 generations; they differ only in these three.
+ZENTRA_EXPORT EvolutionSettings box_search_settings(double precision, int population, int offspring);
+
 /// A (mu + lambda) evolution strategy with self-adaptive step sizes, maximising the fitness of
 /// an `IOptimizable`. It draws from `basic::random01`, which is unguarded process state: run one
 /// at a time.

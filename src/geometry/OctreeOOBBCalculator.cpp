@@ -27,17 +27,9 @@ double OctreeOOBBCalculator::GetUpperLimit() const {
 
 OBB OctreeOOBBCalculator::CalcOptOBB(const Octree* octree) {
     _octree = octree;
-    optimization::EvolutionSettings settings;
-    settings.recombine_x = 1;
-    settings.recombine_sigma = 1;
-    settings.init_mode = 0;
-    settings.sigma0 = 5.0;
-    settings.precision = 0.0001;
-    settings.generations = 150;
-    settings.population = 550;
-    settings.offspring = 100;
     basic::StdProgress console;
-    double* best = optimization::EvolutionStrategy::optimise(this, settings, &console, &console);
+    double* best = optimization::EvolutionStrategy::optimise(
+        this, optimization::box_search_settings(0.0001, 550, 100), &console, &console);
     const OBB result = octree->CalcOBB(best[0], best[1], best[2]);
     delete[] best;
     _octree = nullptr;

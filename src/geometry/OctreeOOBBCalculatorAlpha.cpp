@@ -41,17 +41,9 @@ optimization::Fitness OctreeOOBBCalculatorAlpha::CalcFitness(double* x) {
 
 OBB OctreeOOBBCalculatorAlpha::CalcOptOBB(const Octree* octree) {
     _octree = octree;
-    optimization::EvolutionSettings settings;
-    settings.recombine_x = 1;
-    settings.recombine_sigma = 1;
-    settings.init_mode = 0;
-    settings.sigma0 = 5.0;
-    settings.precision = 0.001;
-    settings.generations = 150;
-    settings.population = 100;
-    settings.offspring = 50;
     basic::StdProgress console;
-    double* best = optimization::EvolutionStrategy::optimise(this, settings, &console, &console);
+    double* best = optimization::EvolutionStrategy::optimise(
+        this, optimization::box_search_settings(0.001, 100, 50), &console, &console);
     int next = 0;
     if (_alpha < 0)
         _alpha = best[next++];
