@@ -38,6 +38,8 @@ void Silent(QtMsgType, const QMessageLogContext&, const QString&) {}
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
     qInstallMessageHandler(Silent);
+    // The name first: statics made before the exit handler is registered outlive its call.
+    InputFile();
     std::atexit(RemoveInputFile);
     return 0;
 }
