@@ -238,8 +238,16 @@ char* FormatFewDecimals(char* out, double value) {
         if (scaled >= fewDecimalsLimit)
             return nullptr;
         scaledValue = std::uint64_t(scaled + 0.5);
-        if (double(scaledValue) / powersOfTen[decimals] == magnitude)
-            break;
+        // Digits that read back lie within a few units in the last place of the product; only
+        // then does the division decide. A number that comes that close without reading back,
+        // such as 150.00000000000003, has more digits than this way can give.
+        if (std::fabs(scaled - double(scaledValue)) <= scaled * 0x1p-50) {
+            const bool readsBack = decimals == 0 ? double(scaledValue) == magnitude
+                                                 : double(scaledValue) / powersOfTen[decimals] == magnitude;
+            if (readsBack)
+                break;
+            return nullptr;
+        }
     }
     // A trailing zero would mean that fewer decimals were missed; leave it to the general form.
     if (decimals > 0 && scaledValue % 10 == 0)
