@@ -15,13 +15,16 @@
 namespace bench {
 
 /// The document to measure: the first argument, or a large building generated into `folder`
-/// by the project's document generator. Empty when neither is possible.
+/// by the project's document generator. Empty, after saying that the benchmark is skipped,
+/// when neither is possible.
 inline QString benchmark_document(const QStringList& arguments, const QTemporaryDir& folder) {
     if (arguments.size() > 1)
         return arguments.at(1);
     const QString generator = QString(ZENTRA_SOURCE_DIR) + "/../shared/tools/oxagen.py";
-    if (!QFileInfo::exists(generator) || !folder.isValid())
+    if (!QFileInfo::exists(generator) || !folder.isValid()) {
+        std::printf("skipped: no document given and the generator is not available\n");
         return QString();
+    }
     const QString path = folder.filePath("large.oxaxml");
     std::printf("generating %s ...\n", qPrintable(path));
     std::fflush(stdout);

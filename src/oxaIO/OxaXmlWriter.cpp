@@ -521,6 +521,13 @@ void OxaXmlWriter::_WriteData3D(const IObject3D* object) {
     if (vertices.empty())
         return;
     writer->StartData3D(object->ID());
+    std::list<ITriangle*> triangles;
+    object->Triangles(&triangles);
+    std::list<IPolygon*> polygons;
+    object->Polygons(&polygons);
+    // The large table comes after the lists and goes before them: taking or giving back a
+    // large block makes the allocator tidy up every small block given back until then, and
+    // this way the list entries are not among them.
     VertexNumbers numbers(vertices.size());
     int number = 0;
     for (const IVertex* vertex : vertices) {
@@ -530,10 +537,6 @@ void OxaXmlWriter::_WriteData3D(const IObject3D* object) {
         const VCoords3D p = _DocumentCoords({vertex->X(), vertex->Y(), vertex->Z()});
         writer->Point(number++, p.x, p.y, p.z);
     }
-    std::list<ITriangle*> triangles;
-    object->Triangles(&triangles);
-    std::list<IPolygon*> polygons;
-    object->Polygons(&polygons);
     _WriteGeometry(triangles, polygons, false, numbers);
     std::list<IFace*> faces;
     object->Faces(&faces);

@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <cwchar>
+#include <iterator>
 #include <limits>
 #include <string>
 
@@ -210,6 +212,74 @@ bool XMLConvertText2DateTime(const wchar_t* text, int& year, int& month, int& da
     return true;
 }
 
+namespace {
+
+constexpr double powersOfTen[] = {1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9};
+/// Below 2^50 times a power of ten, the product is so close to its integer that rounding it
+/// finds the integer whenever one exists.
+constexpr double fewDecimalsLimit = 1125899906842624.0;
+
+/// The text of a number with up to nine decimals, such as most coordinates of a building
+/// model, written without the general search for the shortest digits: the smallest k for
+/// which the integer m nearest to |value| * 10^k reads back as `value` gives those digits.
+/// The check `m / 10^k == |value|` is exact because both are exact doubles and the division
+/// rounds correctly, as reading "m * 10^-k" does. Null where the general form must decide:
+/// zero, more decimals, large numbers, and where the exponent form is shorter.
+char* FormatFewDecimals(char* out, double value) {
+    const double magnitude = std::fabs(value);
+    if (!(magnitude > 0) || magnitude >= fewDecimalsLimit)
+        return nullptr;
+    int decimals = 0;
+    std::uint64_t scaledValue = 0;
+    for (;; ++decimals) {
+        if (decimals == int(std::size(powersOfTen)))
+            return nullptr;
+        const double scaled = magnitude * powersOfTen[decimals];
+        if (scaled >= fewDecimalsLimit)
+            return nullptr;
+        scaledValue = std::uint64_t(scaled + 0.5);
+        // Digits that read back lie within a few units in the last place of the product; only
+        // then does the division decide. A number that comes that close without reading back,
+        // such as 150.00000000000003, has more digits than this way can give.
+        if (std::fabs(scaled - double(scaledValue)) <= scaled * 0x1p-50) {
+            const bool readsBack = decimals == 0 ? double(scaledValue) == magnitude
+                                                 : double(scaledValue) / powersOfTen[decimals] == magnitude;
+            if (readsBack)
+                break;
+            return nullptr;
+        }
+    }
+    // A trailing zero would mean that fewer decimals were missed; leave it to the general form.
+    if (decimals > 0 && scaledValue % 10 == 0)
+        return nullptr;
+    char digits[24];
+    const int count = int(std::to_chars(digits, digits + sizeof digits, scaledValue).ptr - digits);
+    int significant = count;
+    while (significant > 1 && digits[significant - 1] == '0')
+        --significant;
+    const int exponent = count - 1 - decimals;
+    const int fixedLength = decimals == 0 ? count : std::max(count + 1, decimals + 2);
+    const int exponentLength = significant + (significant > 1 ? 1 : 0) + (std::abs(exponent) >= 100 ? 5 : 4);
+    if (exponentLength < fixedLength)
+        return nullptr;
+    if (value < 0)
+        *out++ = '-';
+    const int integerDigits = count - decimals;
+    if (integerDigits > 0) {
+        out = std::copy_n(digits, integerDigits, out);
+    } else {
+        *out++ = '0';
+    }
+    if (decimals == 0)
+        return out;
+    *out++ = '.';
+    if (integerDigits < 0)
+        out = std::fill_n(out, -integerDigits, '0');
+    return std::copy_n(digits + std::max(integerDigits, 0), std::min(count, decimals), out);
+}
+
+} // namespace
+
 char* XMLFormatLong(char* out, long value) {
     return std::to_chars(out, out + XMLMaxNumberChars, value).ptr;
 }
@@ -221,6 +291,8 @@ char* XMLFormatDouble(char* out, double value) {
         return std::copy_n("INF", 3, out);
     if (value == -std::numeric_limits<double>::infinity())
         return std::copy_n("-INF", 4, out);
+    if (char* end = FormatFewDecimals(out, value))
+        return end;
     // The shortest form that reads back to the same double needs at most 24 characters.
     return std::to_chars(out, out + XMLMaxNumberChars, value).ptr;
 }

@@ -41,7 +41,7 @@ constexpr std::size_t XMLMaxNumberChars = 32;
 /// Write the text of `XMLConvertLong2Text` and `XMLConvertDouble2Text` in ASCII at `out`, which
 /// has room for `XMLMaxNumberChars`, and return the end. The wide forms are made from these,
 /// and the writer formats with them straight into its output.
-char* XMLFormatLong(char* out, long value);
-char* XMLFormatDouble(char* out, double value);
+ZENTRA_EXPORT char* XMLFormatLong(char* out, long value);
+ZENTRA_EXPORT char* XMLFormatDouble(char* out, double value);
 
 } // namespace tavxmln

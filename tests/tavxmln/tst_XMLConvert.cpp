@@ -3,6 +3,9 @@
 
 #include <QtTest>
 
+#include <charconv>
+#include <cmath>
+
 #include <clocale>
 #include <cstring>
 #include <limits>
@@ -16,6 +19,8 @@ class tst_XMLConvert : public QObject {
 private slots:
     void doublesReadBackBitExact();
     void decimalTextsReadCorrectlyRounded();
+    void doubleTextIsTheShortestForm_data();
+    void doubleTextIsTheShortestForm();
     void doubleTexts_data();
     void doubleTexts();
     void independentOfTheLocale();
@@ -77,6 +82,51 @@ void tst_XMLConvert::decimalTextsReadCorrectlyRounded() {
         const std::wstring wide(text.begin(), text.end());
         QVERIFY2(XMLConvertText2Double(wide.c_str(), read), text.c_str());
         QVERIFY2(std::memcmp(&read, &expected, sizeof read) == 0, text.c_str());
+    }
+}
+
+/// Short decimals take a quicker way than other numbers; either way the text must be the one of
+/// the general shortest form, with the same choice between plain and exponent notation.
+void tst_XMLConvert::doubleTextIsTheShortestForm_data() {
+    QTest::addColumn<int>("family");
+    QTest::newRow("up to nine decimals") << 0;
+    QTest::newRow("millimetres through metres") << 1;
+    QTest::newRow("round numbers, tiny to huge") << 2;
+    QTest::newRow("any bits") << 3;
+    QTest::newRow("near the limits of the quick way") << 4;
+}
+
+void tst_XMLConvert::doubleTextIsTheShortestForm() {
+    QFETCH(int, family);
+    std::mt19937_64 random(std::uint64_t(family) + 11);
+    for (int i = 0; i < 300000; ++i) {
+        const std::uint64_t bits = random();
+        const double sign = bits & 1 ? -1.0 : 1.0;
+        double value = 0.0;
+        switch (family) {
+        case 0:
+            value = sign * double(bits >> 24) / std::pow(10.0, double(random() % 12));
+            break;
+        case 1:
+            value = sign * double((bits >> 8) % 100000000) * 0.1 * 0.001 / 0.001;
+            break;
+        case 2:
+            value = sign * double(1 + (bits >> 8) % 999) * std::pow(10.0, double(int(random() % 60) - 30));
+            break;
+        case 3:
+            std::memcpy(&value, &bits, sizeof value);
+            break;
+        default:
+            value = sign * std::ldexp(double((bits >> 11) | 1), int(random() % 24) - 40);
+            break;
+        }
+        if (!std::isfinite(value))
+            continue;
+        char expected[40];
+        const std::string expectedText(expected, std::to_chars(expected, expected + sizeof expected, value).ptr);
+        const std::wstring wide = XMLConvertDouble2Text(value);
+        const std::string writtenText(wide.begin(), wide.end());
+        QVERIFY2(writtenText == expectedText, (expectedText + " gave " + writtenText).c_str());
     }
 }
 
