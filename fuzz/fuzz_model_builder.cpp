@@ -31,7 +31,7 @@ const QString& InputFile() {
 
 void RemoveInputFile() { std::remove(qPrintable(InputFile())); }
 
-/// The reader logs every file it opens; at many thousand inputs a second that is only noise.
+/// The reader logs every file it opens; at hundreds of inputs a second that is only noise.
 void Silent(QtMsgType, const QMessageLogContext&, const QString&) {}
 
 } // namespace
