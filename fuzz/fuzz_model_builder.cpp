@@ -1,41 +1,67 @@
-// Feeds arbitrary bytes to the model builder: containers, objects, welded geometry, materials,
-// properties, relations, views and sets are built from whatever the input names, with all the
-// identifier clash rules. Any crash, leak or undefined behaviour is a bug; a parse failure and
-// the exception for an object outside any container are the expected answers to bad input.
+// Feeds arbitrary bytes to the model builder the way a host loads a document: the bytes are a
+// file that a fresh project root imports, twice, through one shared reader, so that the second
+// document meets every identifier of the first and merges into it with all the clash rules.
+// Containers, objects, welded geometry, materials, properties, relations, views and sets are
+// built from whatever the input names, the root's tree is rebuilt over both documents, and the
+// root is destroyed again. Any crash, leak, escaping exception or undefined behaviour is a bug;
+// a document that cannot be parsed is the expected answer to bad input.
 
-#include "basic/Exception.h"
-#include "mesh3D/Material.h"
-#include "model/System.h"
 #include "oxa/OxaExamineContainer.h"
+#include "oxa/OxaRoot.h"
 #include "oxa/OxaXmlReader.h"
-#include "oxaIO/OxaObjects.h"
 
+#include <QFile>
+#include <QList>
+#include <QSet>
 #include <QString>
+#include <QtGlobal>
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <unistd.h>
+
+namespace {
+
+const QString& InputFile() {
+    static const QString path = QStringLiteral("/tmp/zentra_fuzz_model_builder_%1.oxaxml").arg(getpid());
+    return path;
+}
+
+void RemoveInputFile() { std::remove(qPrintable(InputFile())); }
+
+/// The reader logs every file it opens; at hundreds of inputs a second that is only noise.
+void Silent(QtMsgType, const QMessageLogContext&, const QString&) {}
+
+} // namespace
+
+extern "C" int LLVMFuzzerInitialize(int*, char***) {
+    qInstallMessageHandler(Silent);
+    // The name first: statics made before the exit handler is registered outlive its call.
+    InputFile();
+    std::atexit(RemoveInputFile);
+    return 0;
+}
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const QString text = QString::fromUtf8(reinterpret_cast<const char*>(data), int(size));
-    model::System system(false);
     {
-        oxa::OxaXmlReader reader(&system);
-        QString error;
-        oxaIO::OxaObjects* first = nullptr;
-        try {
-            // Twice, so that the second read meets every identifier of the first, and whatever
-            // state a failed first parse left.
-            reader.ReadOxaXmlFragment(text, &error);
-            first = reader.GetOXAResult();
-            reader.ReadOxaXmlFragment(text, &error);
-        } catch (const basic::Exception&) {
-        }
-        // The reader's own result first: its objects may have merged into the first result's
-        // containers.
-        oxa::OxaXmlReader::DeleteOXAResult(reader.GetOXAResult());
-        oxa::OxaXmlReader::DeleteOXAResult(first);
+        QFile file(InputFile());
+        if (!file.open(QIODevice::WriteOnly))
+            return 0;
+        file.write(reinterpret_cast<const char*>(data), static_cast<qint64>(size));
     }
-    mesh3D::Material::DeleteGlobalMaterials(&system);
+    // The relation sets outlive a root by design; this host takes them over and frees them once
+    // the root is gone.
+    QList<QSet<QString>*> relations;
+    {
+        oxa::OxaRoot root(false);
+        oxa::OxaXmlReader reader(root.System());
+        root.ImportOXAXML(InputFile(), QString(), &reader);
+        root.ImportOXAXML(InputFile(), QStringLiteral("again"), &reader);
+        relations << root.GetContacts().values() << root.GetIntersections().values();
+    }
+    qDeleteAll(relations);
     oxa::OxaExamineContainer::DeleteInstance();
     return 0;
 }

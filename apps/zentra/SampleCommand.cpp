@@ -10,6 +10,9 @@
 
 #include <QDir>
 
+#include <algorithm>
+#include <string>
+
 namespace {
 
 /// Drives the model builder as a document would, so the sample is a model made by the library
@@ -34,11 +37,12 @@ public:
         reader.EndMaterial();
     }
 
-    /// A box object `id` of the given size at x offset `x`, as eight corners and twelve triangles.
-    void box(const wchar_t* id, double x, double width, double depth, double height) {
+    /// A box object `id` of the given size with its low corner at (`x`, `y`, 0), as eight corners
+    /// and twelve triangles.
+    void box(const std::wstring& id, double x, double y, double width, double depth, double height) {
         reader.StartData3D(id);
         for (int i = 0; i < 8; ++i)
-            reader.Point(i, x + (i & 1) * width, ((i >> 1) & 1) * depth, ((i >> 2) & 1) * height);
+            reader.Point(i, x + (i & 1) * width, y + ((i >> 1) & 1) * depth, ((i >> 2) & 1) * height);
         const int quads[6][4] = {{0, 2, 3, 1}, {4, 5, 7, 6}, {0, 1, 5, 4}, {2, 6, 7, 3}, {0, 4, 6, 2}, {1, 3, 7, 5}};
         for (const auto& q : quads) {
             reader.StartTriangle(q[0], q[1], q[2]);
@@ -49,7 +53,7 @@ public:
         reader.EndData3D();
     }
 
-    void property(const wchar_t* refId, const wchar_t* name, const wchar_t* value) {
+    void property(const std::wstring& refId, const wchar_t* name, const std::wstring& value) {
         reader.StartProperty(refId, name, L"string", L"");
         reader.ReadPropertyValue(value);
         reader.EndProperty();
@@ -70,7 +74,29 @@ bool write(oxaIO::OxaObjects* document, const QString& file, QTextStream& err) {
     return false;
 }
 
-int run_sample(const QStringList& arguments, QTextStream& out, QTextStream& err) {
+/// Triangles of the sample project without generated boxes, and of each box.
+constexpr int sampleTriangles = 48;
+constexpr int boxTriangles = 12;
+
+std::wstring generated_id(int number) { return L"GEN" + std::to_wstring(number); }
+
+/// The number of generated boxes that lifts the project to at least `triangles` triangles,
+/// taken from "--triangles N" among the arguments (which it removes); 0 without that option.
+int generated_boxes(QStringList& arguments) {
+    const int option = arguments.indexOf("--triangles");
+    if (option < 0)
+        return 0;
+    bool valid = false;
+    const int triangles = option + 1 < arguments.size() ? arguments.at(option + 1).toInt(&valid) : 0;
+    if (!valid || triangles < 0)
+        throw UsageError("--triangles needs a count of triangles");
+    arguments.erase(arguments.begin() + option, arguments.begin() + option + 2);
+    return std::max(0, (triangles - sampleTriangles + boxTriangles - 1) / boxTriangles);
+}
+
+int run_sample(const QStringList& givenArguments, QTextStream& out, QTextStream& err) {
+    QStringList arguments = givenArguments;
+    const int boxes = generated_boxes(arguments);
     if (arguments.size() != 1)
         throw UsageError("give the folder to write the sample project into");
     const QString folder = arguments.first();
@@ -94,15 +120,29 @@ int run_sample(const QStringList& arguments, QTextStream& out, QTextStream& err)
     builder.reader.StartObject3D(L"WIN1", L"MAT-GLASS", L"Window 1", false, L"");
     builder.reader.EndObject3D();
     builder.reader.EndContainer();
+    // A large sample for measurements and leak checks: a field of numbered columns.
+    if (boxes > 0) {
+        builder.reader.StartContainer(L"GENERATED", L"Generated columns", L"", false);
+        for (int i = 1; i <= boxes; ++i) {
+            builder.reader.StartObject3D(generated_id(i), L"MAT-BRICK", L"Column " + std::to_wstring(i), false,
+                                         L"");
+            builder.reader.EndObject3D();
+        }
+        builder.reader.EndContainer();
+    }
     builder.reader.EndContainer();
     builder.reader.StartObjectDataSection(L"1.5");
-    builder.box(L"W1", 0, 5, 0.3, 3);
-    builder.box(L"W2", 5, 5, 0.3, 3);
-    builder.box(L"WIN1", 1, 1.2, 0.3, 1.5);
+    builder.box(L"W1", 0, 0, 5, 0.3, 3);
+    builder.box(L"W2", 5, 0, 5, 0.3, 3);
+    builder.box(L"WIN1", 1, 0, 1.2, 0.3, 1.5);
+    for (int i = 1; i <= boxes; ++i)
+        builder.box(generated_id(i), (i - 1) % 100, 2 + (i - 1) / 100, 0.5, 0.5, 3);
     builder.reader.EndObjectDataSection();
     builder.reader.StartPropertySection(L"1.5");
     builder.property(L"W1", L"FireRating", L"F90");
     builder.property(L"W2", L"FireRating", L"F30");
+    for (int i = 1; i <= boxes; ++i)
+        builder.property(generated_id(i), L"Number", std::to_wstring(i));
     builder.reader.EndPropertySection();
     builder.reader.EndObjectSection();
     builder.reader.StartTopologySection(L"1.3");
@@ -123,7 +163,7 @@ int run_sample(const QStringList& arguments, QTextStream& out, QTextStream& err)
     builder.reader.EndContainer();
     builder.reader.EndContainer();
     builder.reader.StartObjectDataSection(L"1.5");
-    builder.box(L"B1", 1.5, 0.2, 0.5, 3.2);
+    builder.box(L"B1", 1.5, 0, 0.2, 0.5, 3.2);
     builder.reader.EndObjectDataSection();
     builder.reader.EndObjectSection();
     builder.reader.StartTopologySection(L"1.3");
@@ -144,7 +184,9 @@ int run_sample(const QStringList& arguments, QTextStream& out, QTextStream& err)
     return written ? 0 : 1;
 }
 
-const CommandRegistration registration({"sample", "FOLDER",
-                                        "write a small sample project made by the library itself", run_sample});
+const CommandRegistration registration({"sample", "[--triangles N] FOLDER",
+                                        "write a small sample project made by the library itself "
+                                        "(with columns added up to N triangles)",
+                                        run_sample});
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "oxa/OxaFileHandler.h"
 
+#include "basic/Exception.h"
 #include "basic/MessageService.h"
 #include "basic/text.h"
 #include "mesh3D/Container.h"
@@ -56,7 +57,16 @@ oxaIO::OxaObjects* OxaFileHandler::oxaReadXML(OxaRoot* root, const QString& file
     }
     oxaIO::OxaObjects* result = nullptr;
     QString text;
-    if (reader->ReadOxaXmlFile(fileName, &text)) {
+    bool read = false;
+    try {
+        read = reader->ReadOxaXmlFile(fileName, &text);
+    } catch (const basic::Exception& exception) {
+        /// The model refuses what the parser let through, e.g. an object whose container was
+        /// misplaced and never made. The read leaves with that exception; here it becomes a
+        /// document that failed, so that no host meets it and a foreign reader stays alive.
+        text = exception.text();
+    }
+    if (read) {
         result = reader->GetOXAResult();
         if (result) {
             root->AddOxaObjects(result);

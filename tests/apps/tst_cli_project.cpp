@@ -91,6 +91,18 @@ private slots:
         QCOMPARE(Counts(QStringLiteral(ZENTRA_SOURCE_DIR) + "/examples/sample-project"), counts);
     }
 
+    void sampleGrowsToTheTrianglesAsked() {
+        const QString made = dir.filePath("grown");
+        QCOMPARE(run_cli({"sample", "--triangles", "1000", made}).code, 0);
+        const QJsonObject counts = Counts(made);
+        // 80 columns of 12 triangles lift the 48 of the sample to the first count of 1000 or more.
+        QCOMPARE(counts.value("triangles").toInt(), 48 + 80 * 12);
+        QCOMPARE(counts.value("objects").toInt(), 4 + 80);
+        QCOMPARE(counts.value("properties").toInt(), 2 + 80);
+        QCOMPARE(run_cli({"sample", "--triangles", "some", made}).code, 2);
+        QCOMPARE(run_cli({"sample", made, "--triangles"}).code, 2);
+    }
+
     void failuresNameTheFileAndTheReason() {
         const CliResult missing = run_cli({"info", dir.filePath("none")});
         QCOMPARE(missing.code, 1);
