@@ -61,9 +61,9 @@ oxaIO::OxaObjects* OxaFileHandler::oxaReadXML(OxaRoot* root, const QString& file
     try {
         read = reader->ReadOxaXmlFile(fileName, &text);
     } catch (const basic::Exception& exception) {
-        /// The model refuses what the parser let through, e.g. an object whose container was
-        /// misplaced and never made. The read leaves with that exception; here it becomes a
-        /// document that failed, so that no host meets it and a foreign reader stays alive.
+        // The model refuses what the parser let through, e.g. an object whose container was
+        // misplaced and never made. The read leaves with that exception; here it becomes a
+        // document that failed, so that no host meets it and a foreign reader stays alive.
         text = exception.text();
     }
     if (read) {

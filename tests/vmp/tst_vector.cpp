@@ -44,7 +44,9 @@ private slots:
         v = Vector(4.0, 5.0, 6.0);
         QCOMPARE(v.size(), 3);
         QCOMPARE(v[2], 6.0);
-        v = v;
+        // Through a reference, as self-assignment happens in practice.
+        const Vector& same = v;
+        v = same;
         QCOMPARE(v[0], 4.0);
         v <<= 7.5;
         QCOMPARE(v, Vector(7.5, 7.5, 7.5));
