@@ -155,14 +155,17 @@ void BareFormatting(const std::vector<GridObject*>& objects, double lengthScale,
         std::memcpy(out, piece, length);
         out += length;
     };
+    const auto makeRoom = [&] {
+        if (out > limit) {
+            std::fwrite(buffer.data(), 1, std::size_t(out - buffer.data()), file);
+            out = buffer.data();
+        }
+    };
     for (const GridObject* object : objects) {
         const GridVertex* first = object->GridVertices().data();
         int number = 0;
         for (const GridVertex& vertex : object->GridVertices()) {
-            if (out > limit) {
-                std::fwrite(buffer.data(), 1, std::size_t(out - buffer.data()), file);
-                out = buffer.data();
-            }
+            makeRoom();
             text("\n      <p nr=\"");
             out = tavxmln::XMLFormatLong(out, number++);
             text("\" x=\"");
@@ -174,10 +177,7 @@ void BareFormatting(const std::vector<GridObject*>& objects, double lengthScale,
             text("\"/>");
         }
         for (const GridTriangle& triangle : object->GridTriangles()) {
-            if (out > limit) {
-                std::fwrite(buffer.data(), 1, std::size_t(out - buffer.data()), file);
-                out = buffer.data();
-            }
+            makeRoom();
             text("\n      <t p1=\"");
             out = tavxmln::XMLFormatLong(out, static_cast<const GridVertex*>(triangle.Vertex(0)) - first);
             text("\" p2=\"");

@@ -19,8 +19,6 @@
 #include "oxaIO/OxaTopologySection.h"
 #include "oxaIO/OxaVisualisationSection.h"
 
-#include <QDir>
-#include <QDirIterator>
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QSet>
@@ -50,19 +48,6 @@ void draw_progress(double fraction) {
     std::fprintf(stderr, "\r[%s%s] %3d%%", std::string(filled, '#').c_str(),
                  std::string(width - filled, ' ').c_str(), static_cast<int>(fraction * 100));
     std::fflush(stderr);
-}
-
-/// Subfolders of `path` (relative, at any depth) that hold documents.
-QStringList document_subfolders(const QString& path) {
-    QStringList folders;
-    QDirIterator it(path, QDir::Dirs | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        const QString folder = it.next();
-        if (!QDir(folder).entryList({"*.oxaxml"}, QDir::Files).isEmpty())
-            folders << QDir(path).relativeFilePath(folder);
-    }
-    folders.sort();
-    return folders;
 }
 
 QString read_failure(const QString& file) {
@@ -116,7 +101,7 @@ LoadedModel::LoadedModel(const QString& path) {
     QElapsedTimer timer;
     timer.start();
     if (_project) {
-        _root.ReadFromOxaProject(info.absoluteFilePath(), document_subfolders(path), &reader);
+        _root.ReadFromOxaProject(info.absoluteFilePath(), oxa::OxaRoot::DocumentSubfolders(path), &reader);
     } else {
         oxa::OxaFileHandler handler;
         QString error;

@@ -19,8 +19,11 @@
 #include "oxaIO/OxaXmlWriter.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
+
+#include <algorithm>
 
 namespace oxa {
 
@@ -143,6 +146,18 @@ bool OxaRoot::AddToRootStructure(oxaIO::OxaObjects* objects) {
         if (list)
             AddBothWays(intersections, list->GetIntersectionRelations());
     return true;
+}
+
+QList<QString> OxaRoot::DocumentSubfolders(const QString& path) {
+    QList<QString> folders;
+    QDirIterator it(path, QDir::Dirs | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
+    while (it.hasNext()) {
+        const QString folder = it.next();
+        if (!QDir(folder).entryList({"*.oxaxml"}, QDir::Files).isEmpty())
+            folders << QDir(path).relativeFilePath(folder);
+    }
+    std::sort(folders.begin(), folders.end());
+    return folders;
 }
 
 bool OxaRoot::ReadFromOxaProject(const QString& path, const QList<QString>& subFolders, OxaXmlReader* reader) {

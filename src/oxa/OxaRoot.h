@@ -55,6 +55,9 @@ public:
     void AddOxaObjects(oxaIO::OxaObjects* objects);
     /// Loads one document; its context gets the file's name and `subFolder` where it states none.
     bool ImportOXAXML(const QString& fileName, const QString& subFolder, OxaXmlReader* reader = nullptr);
+    /// The subfolders of the project folder `path`, relative to it, at any depth and sorted,
+    /// that hold documents: what `ReadFromOxaProject` takes to load the whole folder.
+    static QList<QString> DocumentSubfolders(const QString& path);
     /// Loads every document of `path` and of the listed subfolders, newest first. A shared
     /// `reader` makes the progress of all files one line from 0 to 1.
     bool ReadFromOxaProject(const QString& path, const QList<QString>& subFolders,

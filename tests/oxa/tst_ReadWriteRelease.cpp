@@ -13,7 +13,6 @@
 #include "oxa/OxaRoot.h"
 
 #include <QDir>
-#include <QDirIterator>
 #include <QFileInfo>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -42,22 +41,10 @@ void CountTree(const mesh3D::Container* container, Content& content) {
     }
 }
 
-/// The subfolders of a project folder that hold documents, relative to it.
-QList<QString> DocumentSubfolders(const QString& project) {
-    QList<QString> folders;
-    QDirIterator it(project, QDir::Dirs | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        const QString folder = it.next();
-        if (!QDir(folder).entryList({"*.oxaxml"}, QDir::Files).isEmpty())
-            folders << QDir(project).relativeFilePath(folder);
-    }
-    return folders;
-}
-
 /// Loads a document or a project folder into `root`; false when any document failed.
 bool Load(oxa::OxaRoot& root, const QString& path) {
     if (QFileInfo(path).isDir())
-        return root.ReadFromOxaProject(path, DocumentSubfolders(path));
+        return root.ReadFromOxaProject(path, oxa::OxaRoot::DocumentSubfolders(path));
     return root.ImportOXAXML(path, QString());
 }
 
