@@ -242,9 +242,7 @@ char* FormatFewDecimals(char* out, double value) {
         // then does the division decide. A number that comes that close without reading back,
         // such as 150.00000000000003, has more digits than this way can give.
         if (std::fabs(scaled - double(scaledValue)) <= scaled * 0x1p-50) {
-            const bool readsBack = decimals == 0 ? double(scaledValue) == magnitude
-                                                 : double(scaledValue) / powersOfTen[decimals] == magnitude;
-            if (readsBack)
+            if (double(scaledValue) / powersOfTen[decimals] == magnitude)
                 break;
             return nullptr;
         }
