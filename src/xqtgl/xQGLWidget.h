@@ -1,0 +1,197 @@
+#pragma once
+
+#include "basic/MessageService.h"
+#include "basic/color.h"
+#include "geometry/primitives.h"
+#include "xqtgl/xQGLCamera.h"
+#include "xqtgl/xQGLWidget_Options.h"
+#include "zentra_export.h"
+
+#include <QGLWidget>
+#include <QHash>
+#include <QList>
+
+class QPainter;
+
+namespace xqtgl {
+
+class xQGLView;
+class xQGLWidget_Handler;
+class xQGLWidget_Painter;
+
+/// The OpenGL view. It owns the camera, the options, the painters, the viewpoints and the current
+/// navigation handler, draws the helpers of the scene (grid, origin, box, labels) and hands the
+/// model to its painters.
+///
+/// Render origin: a building at national-grid coordinates would lose its millimetres in GL's
+/// floats, so the view keeps an origin near the scene box (zero for a scene near zero) and every
+/// coordinate reaches GL less that origin. Everything public (camera, box, picked points) is in
+/// world coordinates; `to_render` and `to_world` are the only conversions.
+///
+/// The definition is split by concern: construction and the frame loop (xQGLWidget.cpp), scene
+/// helpers and labels (xQGLWidget_Helpers.cpp), commands (xQGLWidget_Commands.cpp), picking
+/// (xQGLWidget_Picking.cpp) and the process-wide settings (xQGLWidget_Settings.cpp).
+class ZENTRA_EXPORT xQGLWidget : public QGLWidget {
+    Q_OBJECT
+public:
+    explicit xQGLWidget(QWidget* parent = nullptr);
+    xQGLWidget(const QGLFormat& format, QWidget* parent = nullptr, const QGLWidget* share = nullptr,
+               Qt::WindowFlags flags = Qt::WindowFlags());
+    /// Deletes the handler, the painters still listed and the viewpoints.
+    ~xQGLWidget() override;
+
+    // Painters
+    void add(xQGLWidget_Painter* painter);
+    void remove(xQGLWidget_Painter* painter);
+    const QList<xQGLWidget_Painter*>& painters() const { return _painters; }
+    QList<xQGLWidget_Painter*> painters(const QString& type_name) const;
+
+    // State
+    const xQGLWidget_Options& options() const { return _options; }
+    void options(const xQGLWidget_Options& o) { _options = o; }
+    const xQGLCamera& camera() const { return _camera; }
+    /// Assigns the camera (repainting if it differs) and raises the far plane to reach the
+    /// farthest corner of the grid's extent of the scene box.
+    void camera(const xQGLCamera& c);
+    const geometry3D::boundingbox& boundingbox() const { return _boundingbox; }
+    /// Sets the scene box, moves the render origin if the box needs it, emits `boundingbox_changed`.
+    void boundingbox(const geometry3D::boundingbox& box);
+    bool fast_paint_status() const { return _fast_paint_status; }
+    void fast_paint_status(bool on) { _fast_paint_status = on; }
+    bool ignore_repaint() const { return _ignore_repaint; }
+    void ignore_repaint(bool on) { _ignore_repaint = on; }
+    bool autoSwap() const { return autoBufferSwap(); }
+    void autoSwap(bool on) { setAutoBufferSwap(on); }
+    const basic::MessageService& messages() const { return _messages; }
+    basic::MessageService* MsgService() const { return _message_service; }
+    void MsgService(basic::MessageService* service) { _message_service = service; }
+    virtual QWidget* ContextWidget() const { return _context_widget; }
+    virtual void SetContextWidget(QWidget* widget) { _context_widget = widget; }
+    xQGLWidget_Handler* handler() const { return _handler; }
+
+    // Render origin
+    const geometry3D::point& render_origin() const { return _render_origin; }
+    geometry3D::point to_render(const geometry3D::point& world) const;
+    geometry3D::point to_world(const geometry3D::point& render) const;
+
+    // Scene helpers, drawn in the current GL context
+    void draw_axis(double length, const basic::color4& colour);
+    void draw_grid();
+    void draw_boundingbox();
+    void draw_origin();
+    void paint_legend();
+    void draw_vectortext(const char* text);
+    void draw_vectorqstring(const QString& text);
+    void Draw3DString(double x, double y, double z, double sx, double sy, int width,
+                      const QString& text);
+    void Show2DVectorText(const QString& text, bool flag);
+    void ShowText(QPainter* p, const QRect& rect, int point_size, const QString& text,
+                  const QColor& c1, const QColor& c2);
+    void ShowFramerate(QPainter* p, double fps);
+    void ShowClippingEnabled(QPainter* p);
+
+    // Picking of world points
+    /// The world point under the window pixel (x, y) by its depth; `*hit` is false on background,
+    /// and the result is then the origin. With a null `hit` the unproject is done at any depth.
+    geometry3D::point pick_point(int x, int y, bool* hit = nullptr);
+    /// `pick_point`, a hit only inside the scene box.
+    geometry3D::point PickPointInsideBoundingBox(int x, int y, bool* hit);
+    /// The pixel on the plane through the box centre, square to the line of sight.
+    geometry3D::point PickPointOnBoundingBoxCenterPlane(int x, int y);
+    /// Takes `n` window points (y down, z ignored) to world points at the depth of `plane_point`.
+    void TransformPointsScreenToWorld(int n, const geometry3D::point* screen,
+                                      geometry3D::point* world, const geometry3D::point& plane_point);
+
+    void EmitOptionChangedMessage(const QString& text, bool on);
+    void EmitContextMessage(const QString& text);
+
+    // Process-wide settings of every view
+    static bool RemoteSession();
+    /// Also sets single geometric selection and the fast solid selection to the same value.
+    static void RemoteSession(bool on);
+    static bool RemoteFastSolid();
+    static void RemoteFastSolid(bool on);
+    static bool RemoteFastDrawGrid();
+    static void RemoteFastDrawGrid(bool on);
+    static bool RemoteFastSelectedSolid();
+    static void RemoteFastSelectedSolid(bool on);
+    static bool RemoteZoomRect();
+    static void RemoteZoomRect(bool on);
+    static int RemoteFastLineStep();
+    static void RemoteFastLineStep(int step);
+    static int RemoteFastDistance();
+    static void RemoteFastDistance(int squared_pixels);
+    static bool SelectRegionGeometric();
+    static void SelectRegionGeometric(bool on);
+    static bool SelectRegionGeometricSurround();
+    static void SelectRegionGeometricSurround(bool on);
+    static bool SelectSingleGeometric();
+    static void SelectSingleGeometric(bool on);
+    static void GetSimActivityValues(int& r, int& g, int& b);
+    static void SetSimActivityValues(int r, int g, int b);
+    static void GetSimRevenueValues(int& r, int& g, int& b, int& pen);
+    static void SetSimRevenueValues(int r, int g, int b, int pen);
+    static void GetSimCostValues(int& r, int& g, int& b, int& pen);
+    static void SetSimCostValues(int r, int g, int b, int pen);
+    static void GetSimBudgetValues(int& r, int& g, int& b, int& pen);
+    static void SetSimBudgetValues(int r, int g, int b, int pen);
+    static void GetSimQuantityValues(int& r, int& g, int& b, int& pen);
+    static void SetSimQuantityValues(int r, int g, int b, int pen);
+    /// Colour depths of the frame buffer, read at GL initialisation.
+    static int RedBits();
+    static int GreenBits();
+    static int BlueBits();
+
+    /// Name of an OpenGL error code, "unknown" for codes it does not know.
+    static QString gl_error_name(unsigned int code);
+
+signals:
+    void OptionChangedMessage(const QString& text, bool on);
+    void ContextMessage(const QString& text);
+    void GotFocusInEvent(xqtgl::xQGLWidget* widget);
+    void selection_started();
+    void selection_finished();
+    void eye_position(const geometry3D::Point& eye);
+    void navigation_mode(const QString& name);
+    void viewpoint_created(xqtgl::xQGLView* view);
+    void viewpoint_removed(xqtgl::xQGLView* view);
+    void boundingbox_changed(const geometry3D::boundingbox& box);
+
+public slots:
+    void options_changed();
+    void forward_selection_started(xqtgl::xQGLWidget_Painter* painter);
+    void forward_selection_finished(xqtgl::xQGLWidget_Painter* painter);
+
+protected:
+    void initializeGL() override;
+    void resizeGL(int w, int h) override;
+    void paintGL() override;
+    void paintEvent(QPaintEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void init();
+    void InitRGBBitValues();
+
+private:
+    void draw_text(const QString& text, bool centred, bool use_lists);
+    void apply_clipping_plane();
+    static void build_font_lists();
+    /// False for the empty box, whose minima lie above its maxima.
+    static bool has_extent(const geometry3D::boundingbox& box);
+
+    QList<xQGLWidget_Painter*> _painters;
+    geometry3D::boundingbox _boundingbox;
+    xQGLCamera _camera;
+    QHash<int, xQGLView*> _viewpoints;
+    xQGLWidget_Options _options;
+    xQGLWidget_Handler* _handler = nullptr;
+    bool _fast_paint_status = false;
+    basic::MessageService _messages;
+    bool _ignore_repaint = false;
+    int _selection_depth = 0;
+    basic::MessageService* _message_service = nullptr;
+    QWidget* _context_widget = nullptr;
+    geometry3D::point _render_origin{0.0, 0.0, 0.0};
+};
+
+} // namespace xqtgl

@@ -1,0 +1,55 @@
+#include "xqtgl/xQGLWidget_MoveHandler.h"
+
+#include "xqtgl/xQGLWidget.h"
+
+#include <QMouseEvent>
+
+namespace xqtgl {
+
+xQGLWidget_MoveHandler::xQGLWidget_MoveHandler(xQGLWidget* widget) : xQGLWidget_Handler(widget) {}
+
+void xQGLWidget_MoveHandler::keep_press(QMouseEvent* event) {
+    _button = event->button();
+    _modifiers = int(event->modifiers());
+    _press_x = event->x();
+    _press_y = event->y();
+    _press_camera = _widget->camera();
+    _moved = false;
+}
+
+double xQGLWidget_MoveHandler::fx(int x) const { return double(x - _press_x) / _widget->width(); }
+
+double xQGLWidget_MoveHandler::fy(int y) const { return double(y - _press_y) / _widget->height(); }
+
+bool xQGLWidget_MoveHandler::beyond_click(int x, int y) const {
+    const int dx = x - _press_x;
+    const int dy = y - _press_y;
+    return dx * dx + dy * dy > 25;
+}
+
+void xQGLWidget_MoveHandler::apply(const std::function<void(xQGLCamera&)>& moves) {
+    xQGLCamera c(_press_camera);
+    moves(c);
+    _widget->camera(c);
+}
+
+void xQGLWidget_MoveHandler::pan_scale_from_pick(int x, int y) {
+    bool hit = false;
+    geometry3D::point p = _widget->pick_point(x, y, &hit);
+    if (!hit)
+        p = _widget->PickPointOnBoundingBoxCenterPlane(x, y);
+    _pan_scale = _widget->camera().eye().distance(geometry3D::Point(p));
+}
+
+void xQGLWidget_MoveHandler::pan(xQGLCamera& c, double fx, double fy) const {
+    const bool ortho = c.projection() == orthographic;
+    c.pan_left_right(-(ortho ? c.GetOrthoWidth() : _pan_scale) * fx);
+    c.pan_up_down((ortho ? c.GetOrthoHeight() : _pan_scale) * fy);
+}
+
+void xQGLWidget_MoveHandler::look_around(xQGLCamera& c, double fx, double fy) {
+    c.yaw(-10.0 * fx);
+    c.pitch(10.0 * fy);
+}
+
+} // namespace xqtgl

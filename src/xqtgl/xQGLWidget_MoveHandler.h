@@ -1,0 +1,39 @@
+#pragma once
+
+#include "xqtgl/xQGLCamera.h"
+#include "xqtgl/xQGLWidget_Handler.h"
+
+#include <functional>
+
+namespace xqtgl {
+
+/// What the handlers that move the camera share: the camera copied at the press, from which
+/// every step of a drag starts so that rounding does not build up, and the moves they have in
+/// common (pan, look around) measured as fractions of the widget's size.
+class ZENTRA_EXPORT xQGLWidget_MoveHandler : public xQGLWidget_Handler {
+    Q_OBJECT
+public:
+    explicit xQGLWidget_MoveHandler(xQGLWidget* widget);
+
+protected:
+    /// Keeps press position, button, modifiers and a copy of the camera; clears `moved`.
+    void keep_press(QMouseEvent* event);
+    /// Travel from the press as fractions of the widget's width and height.
+    double fx(int x) const;
+    double fy(int y) const;
+    /// True once the pointer has travelled more than 5 pixels from the press.
+    bool beyond_click(int x, int y) const;
+    /// Makes the moves on a copy of the press camera and gives it to the widget.
+    void apply(const std::function<void(xQGLCamera&)>& moves);
+    /// The pan scale: the distance from the eye to the point under the pointer, or to the plane
+    /// through the scene's centre when nothing is there.
+    void pan_scale_from_pick(int x, int y);
+    /// Slides the camera with the pointer: by the pan scale in perspective, by the ortho size in
+    /// an orthographic view.
+    void pan(xQGLCamera& c, double fx, double fy) const;
+    static void look_around(xQGLCamera& c, double fx, double fy);
+
+    xQGLCamera _press_camera;
+};
+
+} // namespace xqtgl

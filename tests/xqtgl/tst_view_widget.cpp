@@ -1,0 +1,240 @@
+#include "common/ViewFixture.h"
+
+#include "xqtgl/xQGLWidget_Handler.h"
+#include "xqtgl/xQGLWidget_Painter.h"
+
+#include <GL/gl.h>
+
+#include <QSignalSpy>
+
+using namespace xqtgl;
+
+namespace {
+
+/// Draws one axis-aligned box in flat colours (one colour per face pair), in world coordinates
+/// sent through the view's render origin, as every painter does.
+class BoxPainter : public xQGLWidget_Painter {
+public:
+    BoxPainter(xQGLWidget* view, geometry3D::boundingbox box, QColor colour)
+        : xQGLWidget_Painter(view), _box(box), _colour(colour) {}
+
+    void paint() override {
+        glDisable(GL_LIGHTING);
+        const geometry3D::point lo = widget()->to_render({_box.xmin, _box.ymin, _box.zmin});
+        const geometry3D::point hi = widget()->to_render({_box.xmax, _box.ymax, _box.zmax});
+        const double x[2] = {lo.x, hi.x}, y[2] = {lo.y, hi.y}, z[2] = {lo.z, hi.z};
+        glBegin(GL_QUADS);
+        for (int side = 0; side < 2; ++side) {
+            glColor3d(_colour.redF(), _colour.greenF(), _colour.blueF());
+            glVertex3d(x[0], y[0], z[side]), glVertex3d(x[1], y[0], z[side]);
+            glVertex3d(x[1], y[1], z[side]), glVertex3d(x[0], y[1], z[side]);
+            glColor3d(_colour.redF() * 0.7, _colour.greenF() * 0.7, _colour.blueF() * 0.7);
+            glVertex3d(x[side], y[0], z[0]), glVertex3d(x[side], y[1], z[0]);
+            glVertex3d(x[side], y[1], z[1]), glVertex3d(x[side], y[0], z[1]);
+            glColor3d(_colour.redF() * 0.4, _colour.greenF() * 0.4, _colour.blueF() * 0.4);
+            glVertex3d(x[0], y[side], z[0]), glVertex3d(x[1], y[side], z[0]);
+            glVertex3d(x[1], y[side], z[1]), glVertex3d(x[0], y[side], z[1]);
+        }
+        glEnd();
+        glEnable(GL_LIGHTING);
+    }
+    void fast_paint() override { paint(); }
+    void select_paint() override {}
+    void process_hits(int, unsigned int* const, int, bool) override {}
+    void ProcessElementHit(mesh3D::Element*, int, bool) override {}
+    bool HighlightNearestElementAndPoint(geometry3D::point*) override { return false; }
+    QString type_name() const override { return "BoxPainter"; }
+    geometry3D::point GetNextVisibleObjectPointFromId(const geometry3D::point& p, unsigned int,
+                                                      bool*) override { return p; }
+    geometry3D::point GetNextVisibleObjectPoint(const geometry3D::point& p, mesh3D::Element*,
+                                                bool*) override { return p; }
+    mesh3D::Element* GetElementFromId(unsigned int) override { return nullptr; }
+    void select_all() override {}
+    void select_visible() override {}
+    void unselect_all() override {}
+
+private:
+    geometry3D::boundingbox _box;
+    QColor _colour;
+};
+
+geometry3D::boundingbox box_of(double x, double y, double z, double size) {
+    return {x, y, x + size, y + size, z, z + size};
+}
+
+void look(xQGLWidget& view, geometry3D::Point eye, geometry3D::Point at) {
+    xQGLCamera c(view.camera());
+    c.lookat(at);
+    c.eye(eye);
+    view.camera(c);
+}
+
+/// Whether the darkest grey within a pixel of `at` is `grey` (thin lines may fall a pixel
+/// either side, and GL rounds 0.9 to 229 or 230).
+bool grey_near(const QImage& image, const QPointF& at, int grey) {
+    int darkest = 255;
+    for (int dx = -1; dx <= 1; ++dx)
+        darkest = std::min(darkest, qRed(image.pixel(int(at.x()) + dx, int(at.y()))));
+    return std::abs(darkest - grey) <= 1;
+}
+
+QRect outline(const QImage& image) {
+    QRect r;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (!ViewFixture::near(image.pixel(x, y), Qt::white, 2))
+                r |= QRect(x, y, 1, 1);
+    return r;
+}
+
+} // namespace
+
+class tst_view_widget : public QObject {
+    Q_OBJECT
+private slots:
+    void emptyViewIsWhite() {
+        xQGLWidget view;
+        ViewFixture::show(view);
+        const QImage frame = ViewFixture::frame(view);
+        ViewFixture::save(frame, "empty");
+        QCOMPARE(frame.size(), QSize(ViewFixture::width, ViewFixture::height));
+        for (QPoint p : {QPoint(0, 0), QPoint(319, 0), QPoint(0, 239), QPoint(319, 239), QPoint(20, 200)})
+            QVERIFY2(ViewFixture::near(frame.pixel(p), Qt::white, 0), qPrintable(QString::number(frame.pixel(p), 16)));
+    }
+
+    void gridGreysWhereTheFormulaPutsThem() {
+        xQGLWidget view;
+        ViewFixture::show(view);
+        xQGLWidget_Options o(view.options());
+        o.draw_origin(false);
+        view.options(o);
+        view.boundingbox({-5, -5, 5, 5, 0, 1});
+        look(view, {0, -1, 30}, {0, 0, 0});
+        const QImage frame = ViewFixture::frame(view);
+        ViewFixture::save(frame, "grid");
+        // Lines run over twice the box: i from -10 up to, not including, 10.
+        QVERIFY(grey_near(frame, ViewFixture::project(view, 0, 2.5, 0), 153));   // axis line
+        QVERIFY(grey_near(frame, ViewFixture::project(view, -10, 2.5, 0), 178)); // multiple of 10
+        QVERIFY(grey_near(frame, ViewFixture::project(view, 3, 2.5, 0), 229));
+        QVERIFY(grey_near(frame, ViewFixture::project(view, 3, -7.5, 0), 229));
+        QVERIFY(grey_near(frame, ViewFixture::project(view, 3.5, 2.5, 0), 255)); // between lines
+        QVERIFY(grey_near(frame, ViewFixture::project(view, 10, 2.5, 0), 255));  // end excluded
+    }
+
+    void originAxesAreZRedXGreenYBlue() {
+        xQGLWidget view;
+        ViewFixture::show(view);
+        xQGLWidget_Options o(view.options());
+        o.draw_grid(false);
+        view.options(o);
+        look(view, {3, 2.5, 2}, {0.3, 0.3, 0.3});
+        const QImage frame = ViewFixture::frame(view);
+        ViewFixture::save(frame, "origin");
+        QVERIFY(ViewFixture::near(ViewFixture::pixel(frame, ViewFixture::project(view, 0, 0, 0.5)), Qt::red));
+        QVERIFY(ViewFixture::near(ViewFixture::pixel(frame, ViewFixture::project(view, 0.5, 0, 0)), Qt::green));
+        QVERIFY(ViewFixture::near(ViewFixture::pixel(frame, ViewFixture::project(view, 0, 0.5, 0)), Qt::blue));
+    }
+
+    void painterDrawsWhereTheCameraSaysAndIgnoreRepaintKeepsThePicture() {
+        xQGLWidget view;
+        ViewFixture::show(view);
+        new BoxPainter(&view, box_of(1, 1, 0, 1), Qt::red);
+        look(view, {6, -4, 5}, {1.5, 1.5, 0.5});
+        const QImage frame = ViewFixture::frame(view);
+        ViewFixture::save(frame, "painter");
+        QVERIFY(ViewFixture::near(ViewFixture::pixel(frame, ViewFixture::project(view, 1.5, 1.5, 1)), Qt::red));
+        QVERIFY(ViewFixture::near(ViewFixture::pixel(frame, ViewFixture::project(view, 1.5, 1.5, 2)), Qt::white));
+
+        view.ignore_repaint(true);
+        look(view, {-6, 4, 5}, {1.5, 1.5, 0.5});
+        QCOMPARE(ViewFixture::frame(view), frame);
+        view.ignore_repaint(false);
+        QVERIFY(ViewFixture::frame(view) != frame);
+    }
+
+    void nestedSelectionRunsGiveOneBracket() {
+        xQGLWidget view;
+        auto* first = new BoxPainter(&view, box_of(0, 0, 0, 1), Qt::red);
+        auto* second = new BoxPainter(&view, box_of(2, 0, 0, 1), Qt::blue);
+        QCOMPARE(second->index(), 1);
+        QSignalSpy started(&view, &xQGLWidget::selection_started);
+        QSignalSpy finished(&view, &xQGLWidget::selection_finished);
+        first->start_selection();
+        second->start_selection();
+        first->start_selection();
+        first->end_selection();
+        second->end_selection();
+        QCOMPARE(started.count(), 1);
+        QCOMPARE(finished.count(), 0);
+        first->end_selection();
+        QCOMPARE(finished.count(), 1);
+        delete first;
+        QCOMPARE(second->index(), 0);
+    }
+
+    void farFromTheOriginDrawsLikeNearIt() {
+        // A 0.5 m cube at national-grid coordinates against the same cube near zero, each seen
+        // from the same offset: the outlines must agree to a pixel.
+        const geometry3D::Point far(4512345.5, 5412345.25, 10), near(0.5, 0.25, 10);
+        const geometry3D::Point offset(1.2, -1.6, 0.9);
+        QRect outlines[2];
+        int i = 0;
+        for (const geometry3D::Point& corner : {far, near}) {
+            xQGLWidget view;
+            ViewFixture::show(view);
+            xQGLWidget_Options o(view.options());
+            o.draw_grid(false);
+            o.draw_origin(false);
+            view.options(o);
+            const geometry3D::boundingbox cube = box_of(corner.x(), corner.y(), corner.z(), 0.5);
+            view.boundingbox(cube);
+            new BoxPainter(&view, cube, QColor(200, 60, 20));
+            const geometry3D::Point centre = corner + geometry3D::Point(0.25, 0.25, 0.25);
+            look(view, centre + offset, centre);
+            const QImage frame = ViewFixture::frame(view);
+            ViewFixture::save(frame, i == 0 ? "far_cube" : "near_cube");
+            outlines[i++] = outline(frame);
+            QCOMPARE(view.render_origin().x == 0.0, corner.x() < 1000.0);
+        }
+        QVERIFY(!outlines[0].isEmpty());
+        for (int edge = 0; edge < 4; ++edge) {
+            const int a[4] = {outlines[0].left(), outlines[0].top(), outlines[0].right(), outlines[0].bottom()};
+            const int b[4] = {outlines[1].left(), outlines[1].top(), outlines[1].right(), outlines[1].bottom()};
+            QVERIFY2(std::abs(a[edge] - b[edge]) <= 1, qPrintable(QString("edge %1: %2 vs %3").arg(edge).arg(a[edge]).arg(b[edge])));
+        }
+    }
+
+    void orbitDragTurnsAndAClickMovesTheCentre() {
+        xQGLWidget view;
+        ViewFixture::show(view);
+        QCOMPARE(QString(view.handler()->metaObject()->className()), QString("xqtgl::xQGLWidget_OrbitHandler"));
+        xQGLWidget_Options o(view.options());
+        o.draw_origin(false);
+        view.options(o);
+        const geometry3D::boundingbox box = box_of(1, 1, 0, 1);
+        view.boundingbox(box);
+        new BoxPainter(&view, box, Qt::red);
+        look(view, {6, -4, 5}, {0, 0, 0});
+        const xQGLCamera press(view.camera());
+        QTest::mousePress(&view, Qt::LeftButton, {}, QPoint(160, 120));
+        ViewFixture::move(view, QPoint(192, 96), Qt::LeftButton);
+        xQGLCamera expected(press);
+        expected.rotate_z(-2 * M_PI * 32 / 320.0);
+        expected.rotate_x(2 * M_PI * -24 / 240.0);
+        QVERIFY(view.fast_paint_status());
+        QVERIFY(view.camera().eye().distance(expected.eye()) < 1e-9);
+        QTest::mouseRelease(&view, Qt::LeftButton, {}, QPoint(192, 96));
+        QVERIFY(!view.fast_paint_status());
+        QCOMPARE(view.camera().lookat(), press.lookat()); // nothing under the centre
+
+        // A click on the box's top makes the point under it the centre of rotation.
+        ViewFixture::frame(view);
+        const QPoint top = ViewFixture::project(view, 1.5, 1.5, 1).toPoint();
+        QTest::mouseClick(&view, Qt::LeftButton, {}, top);
+        QVERIFY2(view.camera().lookat().distance({1.5, 1.5, 1}) < 0.02,
+                 qPrintable(QString("%1 %2 %3").arg(view.camera().lookat().x()).arg(view.camera().lookat().y()).arg(view.camera().lookat().z())));
+    }
+};
+
+QTEST_MAIN(tst_view_widget)
+#include "tst_view_widget.moc"
