@@ -2,6 +2,7 @@
 
 #include "basic/color.h"
 #include "geometry/Point.h"
+#include "xqtgl/xQGLMetaTypes.h"
 #include "vmp/Vector.h"
 #include "zentra_export.h"
 

@@ -4,7 +4,10 @@
 
 namespace xqtgl {
 
-xQGLView::xQGLView() = default;
+xQGLView::xQGLView() {
+    // The options' initial plane: a plane without a normal would never compare equal.
+    _clipping_plane.set(1.0, 0.0, 0.0, 0.0);
+}
 
 xQGLView::xQGLView(const xQGLView& other)
     : QObject(),

@@ -4,6 +4,7 @@
 #include "basic/color.h"
 #include "geometry/primitives.h"
 #include "xqtgl/xQGLCamera.h"
+#include "xqtgl/xQGLMetaTypes.h"
 #include "xqtgl/xQGLWidget_Options.h"
 #include "zentra_export.h"
 

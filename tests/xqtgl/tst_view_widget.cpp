@@ -5,6 +5,7 @@
 
 #include <GL/gl.h>
 
+#include <QPainter>
 #include <QSignalSpy>
 
 using namespace xqtgl;
@@ -150,6 +151,23 @@ private slots:
         QCOMPARE(ViewFixture::frame(view), frame);
         view.ignore_repaint(false);
         QVERIFY(ViewFixture::frame(view) != frame);
+    }
+
+    void labelsLieInTheirCorners() {
+        xQGLWidget view;
+        view.resize(ViewFixture::width, ViewFixture::height);
+        QImage labels(view.size(), QImage::Format_RGB32);
+        labels.fill(Qt::white);
+        QPainter painter(&labels);
+        view.ShowClippingEnabled(&painter);
+        view.ShowFramerate(&painter, 25.0);
+        view.ShowFramerate(nullptr, 25.0);
+        painter.end();
+        ViewFixture::save(labels, "labels");
+        const QRgb clipping = labels.pixel(14, 28), framerate = labels.pixel(14, ViewFixture::height - 14);
+        QVERIFY(qGreen(clipping) > qRed(clipping) + 30);                   // green, top left
+        QVERIFY(qRed(framerate) < 80 && qGreen(framerate) < 80);           // dark, bottom left
+        QVERIFY(ViewFixture::near(labels.pixel(160, 120), Qt::white, 0));
     }
 
     void nestedSelectionRunsGiveOneBracket() {
