@@ -12,6 +12,8 @@
 #include <QHash>
 #include <QList>
 
+#include <functional>
+
 class QPainter;
 
 namespace xqtgl {
@@ -69,6 +71,89 @@ public:
     virtual QWidget* ContextWidget() const { return _context_widget; }
     virtual void SetContextWidget(QWidget* widget) { _context_widget = widget; }
     xQGLWidget_Handler* handler() const { return _handler; }
+
+    // Zoom commands; each first resets the handler's half-taken input
+    /// Fits the box into the view from the camera's present side (perspective) or centres it
+    /// with square expected ortho sizes (orthographic).
+    virtual void zoom_boundingbox(const geometry3D::boundingbox& box);
+    void zoom_all();
+    void zoom_to_selected();
+    void zoom_to_visible();
+    void zoom_home();
+    void zoom_home_norefresh();
+    /// Do not repaint: a caller zooming in steps repaints once.
+    void zoom_in();
+    void zoom_out();
+    void ResetCameraPlanesAndAngle();
+
+    // Projections and the fixed views
+    /// Back to the eye and look-at saved before the first orthographic view.
+    void set_perspective_projection();
+    void set_orthographic_projection();
+    bool isPerspectiveProjection() const { return _camera.projection() == perspective; }
+    void view_X();
+    void view_negX();
+    void view_Y();
+    void view_negY();
+    void SetOrthoProjectionPlanView();
+    void SetOrthoProjectionNorthView();
+    void SetOrthoProjectionEastView();
+    void SetOrthoProjectionSouthView();
+    void SetOrthoProjectionWestView();
+    void SetOrthoProjectionNorthwestView();
+    void SetOrthoProjectionNortheastView();
+    void SetOrthoProjectionSoutheastView();
+    void SetOrthoProjectionSouthwestView();
+
+    // Viewpoints, keyed by a running number that is never lowered
+    /// Asks for a name and keeps the present camera, clipping plane and a thumbnail.
+    void save_viewpoint();
+    void show_viewpoint(int key);
+    /// Keeps a copy under the first free key from `key` upward and returns that key.
+    int add_viewpoint(int key, const xQGLView& view);
+    /// Replaces the stored view by the present camera and plane; the name becomes empty.
+    void update_viewpoint(int key);
+    void delete_viewpoint(int key);
+    void DeleteAllViewpoints();
+    const QHash<int, xQGLView*>& viewpoints() const { return _viewpoints; }
+    xQGLView* viewpoint(int key) const { return _viewpoints.value(key); }
+    /// The key of a stored view, or -1.
+    int index(xQGLView* view) const;
+
+    // Screenshots
+    void copy_to_clippboard();
+    void SavePixmap();
+    /// Saves the frame in the format of the name's extension; a failing save is ignored.
+    void SavePixmap(const QString& name);
+    /// Asks for a file name; one without an extension gets ".png".
+    void SavePixmapChoose(const QString& start);
+
+    // Navigation modes
+    void set_mode_orbit();
+    void set_mode_walk();
+    void set_mode_pan();
+    void set_mode_zoom();
+    void set_mode_lookaround();
+    /// Dispatches over the mode names; an unknown name is ignored.
+    void set_navigation_mode(const QString& name);
+    QString navigation_mode() const;
+    void ResetHandler();
+
+    // Commands passed on to every painter, then one repaint
+    void select_all();
+    void select_visible();
+    void unselect_all();
+    void toggle_selection();
+    void hide_selected();
+    void show_selected();
+    void show_only_selected();
+    void show_all();
+    void show_all_NoRepaint();
+    void hide_all();
+    void hide_all_NoRepaint();
+    void toggle_visibility();
+    /// Shows the selection on the first call, hides it on the next, and so on.
+    void show_hide_selected();
 
     // Render origin
     const geometry3D::point& render_origin() const { return _render_origin; }
@@ -174,6 +259,18 @@ protected:
     void InitRGBBitValues();
 
 private:
+    template <typename Handler>
+    void set_mode();
+    void fan_out(void (xQGLWidget_Painter::*command)(), bool repaint_after);
+    void zoom_to(geometry3D::boundingbox (xQGLWidget_Painter::*box)() const);
+    /// Runs `steps` as one frame: repaints are ignored meanwhile, then one frame is drawn.
+    void as_one_frame(const std::function<void()>& steps);
+    void orthographic_view(const std::function<geometry3D::Point(const geometry3D::boundingbox&)>& eye,
+                           bool plan);
+    /// Looks at the box centre along X (axis 0) or Y (axis 1) from the side `side`, at the
+    /// present distance.
+    void axis_view(int axis, double side);
+    QPixmap thumbnail_of_frame();
     void draw_text(const QString& text, bool centred, bool use_lists);
     void apply_clipping_plane();
     static void build_font_lists();

@@ -52,4 +52,25 @@ void xQGLWidget_MoveHandler::look_around(xQGLCamera& c, double fx, double fy) {
     c.pitch(10.0 * fy);
 }
 
+void xQGLWidget_MoveHandler::recentre(bool plane_fallback) {
+    const int x = _widget->width() / 2, y = _widget->height() / 2;
+    bool hit = false;
+    geometry3D::point centre = _widget->pick_point(x, y, &hit);
+    if (!hit && !plane_fallback) {
+        _widget->update();
+        return;
+    }
+    if (!hit)
+        centre = _widget->PickPointOnBoundingBoxCenterPlane(x, y);
+    xQGLCamera c(_widget->camera());
+    c.lookat(geometry3D::Point(centre));
+    _widget->camera(c);
+}
+
+void xQGLWidget_MoveHandler::look_at(xQGLCamera& c, const geometry3D::Point& p) {
+    if (c.projection() == orthographic)
+        c.eye(c.eye() + (p - c.lookat()));
+    c.lookat(p);
+}
+
 } // namespace xqtgl

@@ -32,6 +32,12 @@ protected:
     /// an orthographic view.
     void pan(xQGLCamera& c, double fx, double fy) const;
     static void look_around(xQGLCamera& c, double fx, double fy);
+    /// After a drag, the point under the widget's centre becomes the look-at point; where nothing
+    /// is drawn there, the plane through the scene's centre gives it, or with no fallback the
+    /// frame is only refreshed.
+    void recentre(bool plane_fallback);
+    /// Moves a copy of `c` to look at `p`: an orthographic eye moves along, a perspective one stays.
+    static void look_at(xQGLCamera& c, const geometry3D::Point& p);
 
     xQGLCamera _press_camera;
 };

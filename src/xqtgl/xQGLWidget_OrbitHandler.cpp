@@ -77,23 +77,14 @@ void xQGLWidget_OrbitHandler::mouseRelease(QMouseEvent* event) {
         if (!hit)
             p = _widget->PickPointOnBoundingBoxCenterPlane(event->x(), event->y());
         xQGLCamera c(_widget->camera());
-        if (c.projection() == orthographic)
-            c.eye(c.eye() + (geometry3D::Point(p) - c.lookat()));
-        c.lookat(geometry3D::Point(p));
+        look_at(c, geometry3D::Point(p));
         _widget->camera(c);
         return;
     }
     _moved = false;
     _widget->setCursor(cursor());
-    bool hit = false;
-    const geometry3D::point centre = _widget->pick_point(_widget->width() / 2, _widget->height() / 2, &hit);
-    if (!hit) {
-        _widget->update();
-        return;
-    }
-    xQGLCamera c(_widget->camera());
-    c.lookat(geometry3D::Point(centre));
-    _widget->camera(c);
+    if (button != Qt::RightButton)
+        recentre(false);
 }
 
 } // namespace xqtgl

@@ -63,6 +63,14 @@ struct ViewFixture {
         return {(nx + 1.0) / 2.0 * view.width(), (1.0 - ny) / 2.0 * view.height()};
     }
 
+    /// Points the view's camera from `eye` at `at`.
+    static void look(xqtgl::xQGLWidget& view, geometry3D::Point eye, geometry3D::Point at) {
+        xqtgl::xQGLCamera c(view.camera());
+        c.lookat(at);
+        c.eye(eye);
+        view.camera(c);
+    }
+
     /// A pointer move with buttons held; QTest's own move carries no buttons.
     static void move(QWidget& widget, QPoint to, Qt::MouseButtons held,
                      Qt::KeyboardModifiers modifiers = Qt::NoModifier) {

@@ -1,9 +1,7 @@
+#include "common/BoxPainter.h"
 #include "common/ViewFixture.h"
 
 #include "xqtgl/xQGLWidget_Handler.h"
-#include "xqtgl/xQGLWidget_Painter.h"
-
-#include <GL/gl.h>
 
 #include <QPainter>
 #include <QSignalSpy>
@@ -11,64 +9,6 @@
 using namespace xqtgl;
 
 namespace {
-
-/// Draws one axis-aligned box in flat colours (one colour per face pair), in world coordinates
-/// sent through the view's render origin, as every painter does.
-class BoxPainter : public xQGLWidget_Painter {
-public:
-    BoxPainter(xQGLWidget* view, geometry3D::boundingbox box, QColor colour)
-        : xQGLWidget_Painter(view), _box(box), _colour(colour) {}
-
-    void paint() override {
-        glDisable(GL_LIGHTING);
-        const geometry3D::point lo = widget()->to_render({_box.xmin, _box.ymin, _box.zmin});
-        const geometry3D::point hi = widget()->to_render({_box.xmax, _box.ymax, _box.zmax});
-        const double x[2] = {lo.x, hi.x}, y[2] = {lo.y, hi.y}, z[2] = {lo.z, hi.z};
-        glBegin(GL_QUADS);
-        for (int side = 0; side < 2; ++side) {
-            glColor3d(_colour.redF(), _colour.greenF(), _colour.blueF());
-            glVertex3d(x[0], y[0], z[side]), glVertex3d(x[1], y[0], z[side]);
-            glVertex3d(x[1], y[1], z[side]), glVertex3d(x[0], y[1], z[side]);
-            glColor3d(_colour.redF() * 0.7, _colour.greenF() * 0.7, _colour.blueF() * 0.7);
-            glVertex3d(x[side], y[0], z[0]), glVertex3d(x[side], y[1], z[0]);
-            glVertex3d(x[side], y[1], z[1]), glVertex3d(x[side], y[0], z[1]);
-            glColor3d(_colour.redF() * 0.4, _colour.greenF() * 0.4, _colour.blueF() * 0.4);
-            glVertex3d(x[0], y[side], z[0]), glVertex3d(x[1], y[side], z[0]);
-            glVertex3d(x[1], y[side], z[1]), glVertex3d(x[0], y[side], z[1]);
-        }
-        glEnd();
-        glEnable(GL_LIGHTING);
-    }
-    void fast_paint() override { paint(); }
-    void select_paint() override {}
-    void process_hits(int, unsigned int* const, int, bool) override {}
-    void ProcessElementHit(mesh3D::Element*, int, bool) override {}
-    bool HighlightNearestElementAndPoint(geometry3D::point*) override { return false; }
-    QString type_name() const override { return "BoxPainter"; }
-    geometry3D::point GetNextVisibleObjectPointFromId(const geometry3D::point& p, unsigned int,
-                                                      bool*) override { return p; }
-    geometry3D::point GetNextVisibleObjectPoint(const geometry3D::point& p, mesh3D::Element*,
-                                                bool*) override { return p; }
-    mesh3D::Element* GetElementFromId(unsigned int) override { return nullptr; }
-    void select_all() override {}
-    void select_visible() override {}
-    void unselect_all() override {}
-
-private:
-    geometry3D::boundingbox _box;
-    QColor _colour;
-};
-
-geometry3D::boundingbox box_of(double x, double y, double z, double size) {
-    return {x, y, x + size, y + size, z, z + size};
-}
-
-void look(xQGLWidget& view, geometry3D::Point eye, geometry3D::Point at) {
-    xQGLCamera c(view.camera());
-    c.lookat(at);
-    c.eye(eye);
-    view.camera(c);
-}
 
 /// Whether the darkest grey within a pixel of `at` is `grey` (thin lines may fall a pixel
 /// either side, and GL rounds 0.9 to 229 or 230).
@@ -110,7 +50,7 @@ private slots:
         o.draw_origin(false);
         view.options(o);
         view.boundingbox({-5, -5, 5, 5, 0, 1});
-        look(view, {0, -1, 30}, {0, 0, 0});
+        ViewFixture::look(view, {0, -1, 30}, {0, 0, 0});
         const QImage frame = ViewFixture::frame(view);
         ViewFixture::save(frame, "grid");
         // Lines run over twice the box: i from -10 up to, not including, 10.
@@ -128,7 +68,7 @@ private slots:
         xQGLWidget_Options o(view.options());
         o.draw_grid(false);
         view.options(o);
-        look(view, {3, 2.5, 2}, {0.3, 0.3, 0.3});
+        ViewFixture::look(view, {3, 2.5, 2}, {0.3, 0.3, 0.3});
         const QImage frame = ViewFixture::frame(view);
         ViewFixture::save(frame, "origin");
         QVERIFY(ViewFixture::near(ViewFixture::pixel(frame, ViewFixture::project(view, 0, 0, 0.5)), Qt::red));
@@ -140,14 +80,14 @@ private slots:
         xQGLWidget view;
         ViewFixture::show(view);
         new BoxPainter(&view, box_of(1, 1, 0, 1), Qt::red);
-        look(view, {6, -4, 5}, {1.5, 1.5, 0.5});
+        ViewFixture::look(view, {6, -4, 5}, {1.5, 1.5, 0.5});
         const QImage frame = ViewFixture::frame(view);
         ViewFixture::save(frame, "painter");
         QVERIFY(ViewFixture::near(ViewFixture::pixel(frame, ViewFixture::project(view, 1.5, 1.5, 1)), Qt::red));
         QVERIFY(ViewFixture::near(ViewFixture::pixel(frame, ViewFixture::project(view, 1.5, 1.5, 2)), Qt::white));
 
         view.ignore_repaint(true);
-        look(view, {-6, 4, 5}, {1.5, 1.5, 0.5});
+        ViewFixture::look(view, {-6, 4, 5}, {1.5, 1.5, 0.5});
         QCOMPARE(ViewFixture::frame(view), frame);
         view.ignore_repaint(false);
         QVERIFY(ViewFixture::frame(view) != frame);
@@ -208,7 +148,7 @@ private slots:
             view.boundingbox(cube);
             new BoxPainter(&view, cube, QColor(200, 60, 20));
             const geometry3D::Point centre = corner + geometry3D::Point(0.25, 0.25, 0.25);
-            look(view, centre + offset, centre);
+            ViewFixture::look(view, centre + offset, centre);
             const QImage frame = ViewFixture::frame(view);
             ViewFixture::save(frame, i == 0 ? "far_cube" : "near_cube");
             outlines[i++] = outline(frame);
@@ -232,7 +172,7 @@ private slots:
         const geometry3D::boundingbox box = box_of(1, 1, 0, 1);
         view.boundingbox(box);
         new BoxPainter(&view, box, Qt::red);
-        look(view, {6, -4, 5}, {0, 0, 0});
+        ViewFixture::look(view, {6, -4, 5}, {0, 0, 0});
         const xQGLCamera press(view.camera());
         QTest::mousePress(&view, Qt::LeftButton, {}, QPoint(160, 120));
         ViewFixture::move(view, QPoint(192, 96), Qt::LeftButton);

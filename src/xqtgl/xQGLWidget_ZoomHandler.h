@@ -1,0 +1,34 @@
+#pragma once
+
+#include "xqtgl/xQGLWidget_MoveHandler.h"
+
+#include <memory>
+
+class QPixmap;
+
+namespace xqtgl {
+
+/// Zooms to where the user points: a left click steps in (Shift: out) towards the point under
+/// the pointer; a left drag shows a lens (in a remote session a rubber rectangle) and zooms so
+/// that a small drag goes far in. Ctrl looks around; the middle button pans.
+class ZENTRA_EXPORT xQGLWidget_ZoomHandler : public xQGLWidget_MoveHandler {
+    Q_OBJECT
+public:
+    explicit xQGLWidget_ZoomHandler(xQGLWidget* widget);
+    ~xQGLWidget_ZoomHandler() override;
+
+    QString name() const override { return "zoom"; }
+    QCursor cursor() const override;
+    void mousePress(QMouseEvent* event) override;
+    void mouseMove(QMouseEvent* event) override;
+    void mouseRelease(QMouseEvent* event) override;
+
+private:
+    void draw_lens(int x, int y);
+    void zoom_to(const geometry3D::Point& p, int release_x, int release_y, bool shift);
+    void finish();
+
+    std::unique_ptr<QPixmap> _frame;
+};
+
+} // namespace xqtgl
