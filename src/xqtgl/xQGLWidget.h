@@ -11,10 +11,20 @@
 #include <QGLWidget>
 #include <QHash>
 #include <QList>
+#include <QSet>
 
 #include <functional>
 
 class QPainter;
+
+namespace geometry3D {
+class Plane;
+class Ray;
+} // namespace geometry3D
+
+namespace mesh3D {
+class Surface;
+}
 
 namespace xqtgl {
 
@@ -33,7 +43,9 @@ class xQGLWidget_Painter;
 ///
 /// The definition is split by concern: construction and the frame loop (xQGLWidget.cpp), scene
 /// helpers and labels (xQGLWidget_Helpers.cpp), commands (xQGLWidget_Commands.cpp), picking
-/// (xQGLWidget_Picking.cpp) and the process-wide settings (xQGLWidget_Settings.cpp).
+/// (xQGLWidget_Picking.cpp for points, xQGLWidget_Selection.cpp for colour ids,
+/// xQGLWidget_GeometricPicking.cpp for rays and frustums) and the process-wide settings
+/// (xQGLWidget_Settings.cpp).
 class ZENTRA_EXPORT xQGLWidget : public QGLWidget {
     Q_OBJECT
 public:
@@ -134,6 +146,7 @@ public:
     void set_mode_pan();
     void set_mode_zoom();
     void set_mode_lookaround();
+    void set_mode_select();
     /// Dispatches over the mode names; an unknown name is ignored.
     void set_navigation_mode(const QString& name);
     QString navigation_mode() const;
@@ -166,8 +179,9 @@ public:
     void draw_boundingbox();
     void draw_origin();
     void paint_legend();
-    void draw_vectortext(const char* text);
-    void draw_vectorqstring(const QString& text);
+    /// Text in the stroke font, one unit per character; usable by the painters' items as well.
+    static void draw_vectortext(const char* text);
+    static void draw_vectorqstring(const QString& text);
     void Draw3DString(double x, double y, double z, double sx, double sy, int width,
                       const QString& text);
     void Show2DVectorText(const QString& text, bool flag);
@@ -187,6 +201,45 @@ public:
     /// Takes `n` window points (y down, z ignored) to world points at the depth of `plane_point`.
     void TransformPointsScreenToWorld(int n, const geometry3D::point* screen,
                                       geometry3D::point* world, const geometry3D::point& plane_point);
+
+    // Picking of objects. Mode: 0 replaces the selection, 1 toggles what is hit, 2 adds to it.
+    // `single`: a hit stands for itself, else for its outermost composite. Kind: 0 a click,
+    // 1 a region selecting what lies wholly inside, 2 a region selecting what it touches.
+    mesh3D::Surface* PickObject(int x, int y, geometry3D::point* point);
+    /// By the colour of the id under the pixel; null on background.
+    mesh3D::Surface* PickObjectGraphical(int x, int y, geometry3D::point* point);
+    /// By a ray from the eye through the pixel: the nearest surface hit, and its painter.
+    mesh3D::Surface* PickObjectGeometrical(int x, int y, xQGLWidget_Painter** painter, geometry3D::point* point);
+    /// The identifier of the object under the pixel, or an empty string.
+    QString PickObjectID(int x, int y);
+    virtual void SelectRegion(int x, int y, int w, int h, int mode, bool single, int kind);
+    void SelectRegionGraphical(int x, int y, int w, int h, int mode, bool single, bool first);
+    void SelectRegionGeometrical(int x, int y, int w, int h, int mode, bool single);
+    void SelectSingleGeometrical(int x, int y, int mode, bool single);
+    /// The picking ids drawn in the window rectangle; `first` stops at the first one.
+    void CollectIdsGraphical(QSet<unsigned int>& ids, int x, int y, int w, int h, bool first);
+    void CollectIdsGraphicalWithPixelBuffer(QSet<unsigned int>& ids, int x, int y, int w, int h, bool first);
+    void CollectIdsGraphicalWithWidget(QSet<unsigned int>& ids, int x, int y, int w, int h, bool first);
+    void SelectCollectedIds(const QSet<unsigned int>& ids, int mode, bool single);
+    /// The picking pass on the current context: every painter's items in their id colours, the
+    /// window rectangle filling the read-back part of the target.
+    void renderSelectionScene(int x, int y, int w, int h);
+    void set_pickmatrix(int x, int y, int w, int h);
+    /// 1 when a point of the surface lies inside all five planes, 2 when no point does but the
+    /// points lie on the inner side of every side plane, else 0.
+    static int ClassifySurfaceTouch(mesh3D::Surface* surface, geometry3D::Plane** const planes);
+    /// True when every point of the surface lies inside all five planes.
+    static bool ClassifySurfaceSurround(mesh3D::Surface* surface, geometry3D::Plane** const planes);
+    static void Build4Rays(const geometry3D::Point& eye, geometry3D::point* const corners, geometry3D::Ray** const rays);
+    /// The four side planes of the frustum through the near and far corners, facing inward.
+    static void Build4SidePlanes(geometry3D::point* const near_corners, geometry3D::point* const far_corners,
+                                 geometry3D::Plane** const planes);
+
+    // Picking ids as colours, over the frame buffer's colour depth; white is no id.
+    static void SelectID2RGB(unsigned int id, GLubyte& r, GLubyte& g, GLubyte& b);
+    static unsigned int SelectRGB2ID(unsigned int r, unsigned int g, unsigned int b);
+    /// The same for pictures read back at eight bits per channel.
+    static unsigned int SelectRGB2IDTrue(unsigned int r, unsigned int g, unsigned int b);
 
     void EmitOptionChangedMessage(const QString& text, bool on);
     void EmitContextMessage(const QString& text);
@@ -271,7 +324,7 @@ private:
     /// present distance.
     void axis_view(int axis, double side);
     QPixmap thumbnail_of_frame();
-    void draw_text(const QString& text, bool centred, bool use_lists);
+    static void draw_text(const QString& text, bool centred, bool use_lists);
     void apply_clipping_plane();
     static void build_font_lists();
     /// False for the empty box, whose minima lie above its maxima.

@@ -7,6 +7,7 @@
 #include "xqtgl/xQGLWidget_OrbitHandler.h"
 #include "xqtgl/xQGLWidget_Painter.h"
 #include "xqtgl/xQGLWidget_PanHandler.h"
+#include "xqtgl/xQGLWidget_SelectHandler.h"
 #include "xqtgl/xQGLWidget_WalkHandler.h"
 #include "xqtgl/xQGLWidget_ZoomHandler.h"
 
@@ -52,8 +53,14 @@ Point fitting_eye(const xQGLCamera& camera, const geometry3D::boundingbox& box) 
     vmp::Vector n = (c - provisional).to_Vector();
     n.normalize();
     const double t = std::tan(camera.view_angle() / 2.0 * M_PI / 180.0);
-    const geometry3D::Plane side(provisional, vmp::cross(camera.up(), n));
-    const geometry3D::Plane upright(provisional, vmp::cross(n, vmp::cross(camera.up(), n)));
+    // The two planes must pass through the provisional eye: a plane made from a point and a
+    // normal takes its distance from the normal as given, so the normals are made unit first.
+    vmp::Vector r = vmp::cross(camera.up(), n);
+    r.normalize();
+    vmp::Vector u = vmp::cross(n, r);
+    u.normalize();
+    const geometry3D::Plane side(provisional, r);
+    const geometry3D::Plane upright(provisional, u);
     double best = 1e15;
     for (const Point& corner : corners(box)) {
         const double d = std::fabs(geometry3D::Plane(corner, n).distance(provisional));
@@ -267,12 +274,13 @@ void xQGLWidget::set_mode_walk() { set_mode<xQGLWidget_WalkHandler>(); }
 void xQGLWidget::set_mode_pan() { set_mode<xQGLWidget_PanHandler>(); }
 void xQGLWidget::set_mode_zoom() { set_mode<xQGLWidget_ZoomHandler>(); }
 void xQGLWidget::set_mode_lookaround() { set_mode<xQGLWidget_LookAroundHandler>(); }
+void xQGLWidget::set_mode_select() { set_mode<xQGLWidget_SelectHandler>(); }
 
 void xQGLWidget::set_navigation_mode(const QString& name) {
     static const QHash<QString, void (xQGLWidget::*)()> modes = {
         {"orbit", &xQGLWidget::set_mode_orbit}, {"walk", &xQGLWidget::set_mode_walk},
         {"pan", &xQGLWidget::set_mode_pan},     {"zoom", &xQGLWidget::set_mode_zoom},
-        {"lookaround", &xQGLWidget::set_mode_lookaround}};
+        {"lookaround", &xQGLWidget::set_mode_lookaround}, {"select", &xQGLWidget::set_mode_select}};
     if (const auto mode = modes.value(name))
         (this->*mode)();
 }

@@ -25,6 +25,12 @@ void xQGLWidget_Handler::clear_press() {
     _modifiers = 0;
 }
 
+void xQGLWidget_Handler::emit_context_message(int x, int y) {
+    const QString id = _widget->PickObjectID(x, y);
+    if (!id.isEmpty())
+        _widget->EmitContextMessage(id);
+}
+
 bool xQGLWidget_Handler::reset() { return false; }
 QCursor xQGLWidget_Handler::cursor() const { return QCursor(Qt::ArrowCursor); }
 void xQGLWidget_Handler::mousePress(QMouseEvent*) {}

@@ -50,6 +50,8 @@ protected:
     void take_cursor();
     /// Clears button and modifiers of the press.
     void clear_press();
+    /// Tells the host which object lies under (x, y), for its context menu.
+    void emit_context_message(int x, int y);
 
     xQGLWidget* _widget;
     int _press_x = 0;

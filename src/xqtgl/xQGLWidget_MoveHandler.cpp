@@ -2,11 +2,53 @@
 
 #include "xqtgl/xQGLWidget.h"
 
+#include <GL/gl.h>
+
 #include <QMouseEvent>
+#include <QPainter>
+#include <QPixmap>
 
 namespace xqtgl {
 
 xQGLWidget_MoveHandler::xQGLWidget_MoveHandler(xQGLWidget* widget) : xQGLWidget_Handler(widget) {}
+
+xQGLWidget_MoveHandler::~xQGLWidget_MoveHandler() = default;
+
+void xQGLWidget_MoveHandler::grab_frame() {
+    _frame.reset();
+    if (_widget->width() >= 32000 || _widget->height() >= 32000)
+        return;
+    _widget->makeCurrent();
+    glReadBuffer(GL_FRONT);
+    const QImage picture = _widget->grabFrameBuffer();
+    if (picture.isNull()) {
+        const basic::MessageService* service = _widget->MsgService() ? _widget->MsgService() : &_widget->messages();
+        service->send_error(tr("There is not enough memory available."));
+        return;
+    }
+    _frame = std::make_unique<QPixmap>(QPixmap::fromImage(picture));
+}
+
+void xQGLWidget_MoveHandler::show_over_frame(const std::function<void(QPainter&)>& drawing) {
+    if (!_frame)
+        return;
+    _widget->ignore_repaint(true);
+    QPixmap picture(*_frame);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    drawing(painter);
+    painter.end();
+    QPainter on_widget(_widget);
+    on_widget.drawPixmap(0, 0, picture);
+}
+
+void xQGLWidget_MoveHandler::drop_frame() { _frame.reset(); }
+
+void xQGLWidget_MoveHandler::draw_rubber_band(QPainter& painter, int x, int y) const {
+    painter.setPen(QPen(QColor(0, 80, 150, 255), 1));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(QRect(QPoint(_press_x, _press_y), QPoint(x, y)).normalized());
+}
 
 void xQGLWidget_MoveHandler::keep_press(QMouseEvent* event) {
     _button = event->button();

@@ -4,6 +4,10 @@
 #include "xqtgl/xQGLWidget_Handler.h"
 
 #include <functional>
+#include <memory>
+
+class QPainter;
+class QPixmap;
 
 namespace xqtgl {
 
@@ -14,6 +18,7 @@ class ZENTRA_EXPORT xQGLWidget_MoveHandler : public xQGLWidget_Handler {
     Q_OBJECT
 public:
     explicit xQGLWidget_MoveHandler(xQGLWidget* widget);
+    ~xQGLWidget_MoveHandler() override;
 
 protected:
     /// Keeps press position, button, modifiers and a copy of the camera; clears `moved`.
@@ -39,7 +44,21 @@ protected:
     /// Moves a copy of `c` to look at `p`: an orthographic eye moves along, a perspective one stays.
     static void look_at(xQGLCamera& c, const geometry3D::Point& p);
 
+    /// Keeps a picture of the present frame to draw rubber bands and lenses on. A widget of
+    /// 32000 pixels or more a side gets none; a picture that cannot be made is reported as an
+    /// error and the drag goes on without one.
+    void grab_frame();
+    /// Puts the kept frame with `drawing` over it on the widget; the GL frame is held back from
+    /// repainting over it until `drop_frame`.
+    void show_over_frame(const std::function<void(QPainter&)>& drawing);
+    void drop_frame();
+    /// The rectangle from the press to (x, y).
+    void draw_rubber_band(QPainter& painter, int x, int y) const;
+
     xQGLCamera _press_camera;
+
+private:
+    std::unique_ptr<QPixmap> _frame;
 };
 
 } // namespace xqtgl

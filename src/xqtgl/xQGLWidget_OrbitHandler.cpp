@@ -15,14 +15,18 @@ xQGLWidget_OrbitHandler::xQGLWidget_OrbitHandler(xQGLWidget* widget)
     take_cursor();
 }
 
-QCursor xQGLWidget_OrbitHandler::cursor() const {
+QCursor xQGLWidget_OrbitHandler::cursor() const { return orbit_cursor(); }
+
+QCursor xQGLWidget_OrbitHandler::orbit_cursor() {
     static const QCursor orbit(QPixmap(":/cursors/resources/cursor_orbit.xpm"));
     return orbit;
 }
 
 void xQGLWidget_OrbitHandler::mousePress(QMouseEvent* event) {
-    if (event->button() == Qt::RightButton)
+    if (event->button() == Qt::RightButton) {
+        emit_context_message(event->x(), event->y());
         return;
+    }
     _widget->fast_paint_status(true);
     keep_press(event);
     _last_x = _press_x;

@@ -14,6 +14,7 @@ public:
 
     QString name() const override { return "orbit"; }
     QCursor cursor() const override;
+    static QCursor orbit_cursor();
     void mousePress(QMouseEvent* event) override;
     void mouseMove(QMouseEvent* event) override;
     void mouseRelease(QMouseEvent* event) override;

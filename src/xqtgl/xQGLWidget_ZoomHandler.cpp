@@ -2,8 +2,6 @@
 
 #include "xqtgl/xQGLWidget.h"
 
-#include <GL/gl.h>
-
 #include <QMouseEvent>
 #include <QPainter>
 #include <QRadialGradient>
@@ -17,8 +15,6 @@ xQGLWidget_ZoomHandler::xQGLWidget_ZoomHandler(xQGLWidget* widget) : xQGLWidget_
     take_cursor();
 }
 
-xQGLWidget_ZoomHandler::~xQGLWidget_ZoomHandler() = default;
-
 QCursor xQGLWidget_ZoomHandler::cursor() const {
     static const QCursor lupe(QPixmap(":/cursors/resources/cursor_lupe.xpm"), 7, 7);
     return lupe;
@@ -30,9 +26,7 @@ void xQGLWidget_ZoomHandler::mousePress(QMouseEvent* event) {
     keep_press(event);
     _pressed = true;
     if (_button == Qt::LeftButton) {
-        _widget->makeCurrent();
-        glReadBuffer(GL_FRONT);
-        _frame = std::make_unique<QPixmap>(QPixmap::fromImage(_widget->grabFrameBuffer()));
+        grab_frame();
     } else if (_button == Qt::MiddleButton) {
         pan_scale_from_pick(_press_x, _press_y);
         _widget->setCursor(Qt::SizeAllCursor);
@@ -57,19 +51,11 @@ void xQGLWidget_ZoomHandler::mouseMove(QMouseEvent* event) {
 }
 
 void xQGLWidget_ZoomHandler::draw_lens(int x, int y) {
-    if (!_frame)
-        return;
-    // The GL frame must not overwrite the lens until the release.
-    _widget->ignore_repaint(true);
-    QPixmap picture(*_frame);
-    QPainter painter(&picture);
-    painter.setRenderHint(QPainter::Antialiasing);
-    if (xQGLWidget::RemoteSession() && xQGLWidget::RemoteZoomRect()) {
-        painter.setPen(QPen(QColor(0, 80, 150, 255), 1));
-        const QRect rubber = QRect(QPoint(_press_x, _press_y), QPoint(x, y)).normalized();
-        painter.drawRects(&rubber, 1);
-        painter.drawRects(&rubber, 1);
-    } else {
+    show_over_frame([&](QPainter& painter) {
+        if (xQGLWidget::RemoteSession() && xQGLWidget::RemoteZoomRect()) {
+            draw_rubber_band(painter, x, y);
+            return;
+        }
         const double radius = std::hypot(x - _press_x, y - _press_y);
         QRadialGradient lens(QPointF(_press_x, _press_y), radius);
         lens.setColorAt(0.0, QColor(255, 255, 255, 191));
@@ -80,14 +66,11 @@ void xQGLWidget_ZoomHandler::draw_lens(int x, int y) {
         painter.setPen(Qt::NoPen);
         painter.setBrush(lens);
         painter.drawEllipse(QPointF(_press_x, _press_y), radius, radius);
-    }
-    painter.end();
-    QPainter on_widget(_widget);
-    on_widget.drawPixmap(0, 0, picture);
+    });
 }
 
 void xQGLWidget_ZoomHandler::mouseRelease(QMouseEvent* event) {
-    _frame.reset();
+    drop_frame();
     const int button = _button;
     if (_modifiers & Qt::ControlModifier) {
         finish();

@@ -2,10 +2,6 @@
 
 #include "xqtgl/xQGLWidget_MoveHandler.h"
 
-#include <memory>
-
-class QPixmap;
-
 namespace xqtgl {
 
 /// Zooms to where the user points: a left click steps in (Shift: out) towards the point under
@@ -15,7 +11,6 @@ class ZENTRA_EXPORT xQGLWidget_ZoomHandler : public xQGLWidget_MoveHandler {
     Q_OBJECT
 public:
     explicit xQGLWidget_ZoomHandler(xQGLWidget* widget);
-    ~xQGLWidget_ZoomHandler() override;
 
     QString name() const override { return "zoom"; }
     QCursor cursor() const override;
@@ -27,8 +22,6 @@ private:
     void draw_lens(int x, int y);
     void zoom_to(const geometry3D::Point& p, int release_x, int release_y, bool shift);
     void finish();
-
-    std::unique_ptr<QPixmap> _frame;
 };
 
 } // namespace xqtgl
