@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds, and runs the command-line tool's main job on the bundled
-# sample project: its heads and counts, its container tree, and a converted copy that must read
-# back with the same counts.
+# sample project: its heads and counts, its container tree, a converted copy that must read
+# back with the same counts, and a picture of it.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 build=${ZENTRA_BUILD_DIR:-$root/build}
@@ -22,3 +22,6 @@ else
     diff <(counts "$sample") <(counts "$copy/sample-project") >&2
     exit 1
 fi
+picture="$build/sample-project.png"
+"$zentra" render "$sample" -o "$picture"
+echo "the sample drawn from the south-west: $picture"

@@ -15,6 +15,9 @@ struct Command {
     QString summary;
     /// Runs with the arguments after the command name; returns the process exit code.
     int (*run)(const QStringList& arguments, QTextStream& out, QTextStream& err);
+    /// A command that draws makes its own widget application once it has a display; the others
+    /// run inside a core application made for them.
+    bool draws = false;
 };
 
 /// Thrown by a command whose arguments are wrong: the tool prints the text with the command's

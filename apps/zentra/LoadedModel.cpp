@@ -1,11 +1,14 @@
 #include "LoadedModel.h"
 
+#include "Imported3ds.h"
+
 #include "basic/MessageService.h"
 #include "basic/text.h"
 #include "mesh3D/Container.h"
 #include "mesh3D/GenericObject.h"
 #include "mesh3D/Object3D.h"
 #include "mesh3D/Triangle.h"
+#include "oxa/DataIO_3ds.h"
 #include "oxa/OxaFileHandler.h"
 #include "oxa/OxaInfoReader.h"
 #include "oxa/OxaXmlReader.h"
@@ -102,6 +105,10 @@ LoadedModel::LoadedModel(const QString& path) {
     timer.start();
     if (_project) {
         _root.ReadFromOxaProject(info.absoluteFilePath(), oxa::OxaRoot::DocumentSubfolders(path), &reader);
+    } else if (Imported3ds::is_3ds(path)) {
+        QString error;
+        if (!oxa::DataIO_3ds::import_file(&_root, path, 1.0, &error))
+            _errors << path + ": " + error;
     } else {
         oxa::OxaFileHandler handler;
         QString error;

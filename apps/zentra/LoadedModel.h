@@ -12,7 +12,7 @@ struct ModelCounts {
     long views = 0, schedules = 0;
 };
 
-/// A document or a project folder (with every subfolder holding documents) loaded into one
+/// A document, a 3DS file or a project folder (with every subfolder holding documents) loaded into one
 /// root, with a progress bar on a terminal's standard error and Ctrl-C cancelling the read.
 /// Every file that could not be read leaves one line in `errors`, naming it and the reason;
 /// what was read stays.

@@ -4,6 +4,7 @@
 #include <QLoggingCategory>
 
 #include <algorithm>
+#include <memory>
 
 namespace {
 
@@ -39,12 +40,13 @@ CommandRegistration::CommandRegistration(Command command) {
 const std::vector<Command>& registered_commands() { return command_table(); }
 
 int main(int argc, char** argv) {
-    QCoreApplication app(argc, argv);
     // The library's debug trace is for developers; the tool's own output is its report.
     QLoggingCategory::setFilterRules("*.debug=false");
     QTextStream out(stdout);
     QTextStream err(stderr);
-    QStringList arguments = app.arguments().mid(1);
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments << QString::fromLocal8Bit(argv[i]);
 
     if (arguments.isEmpty())
         return usage_error(err, "no command given");
@@ -62,6 +64,9 @@ int main(int argc, char** argv) {
                                     [&](const Command& command) { return command.name == first; });
     if (found == commands.end())
         return usage_error(err, QString("unknown command '%1'").arg(first));
+    std::unique_ptr<QCoreApplication> app;
+    if (!found->draws)
+        app = std::make_unique<QCoreApplication>(argc, argv);
     try {
         return found->run(arguments, out, err);
     } catch (const UsageError& error) {
