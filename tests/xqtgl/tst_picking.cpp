@@ -1,9 +1,6 @@
+#include "common/ModelScene.h"
 #include "common/ViewFixture.h"
-#include "mesh3D/Container.h"
-#include "mesh3D/MeshFixtures.h"
-#include "mesh3D/Object3D.h"
 #include "mesh3D_gl/Painter.h"
-#include "model/System.h"
 #include "oxa/HRef.h"
 #include "xqtgl/xQGLWidget.h"
 
@@ -13,32 +10,16 @@ using namespace xqtgl;
 
 /// A row of five unit boxes B0..B4 one metre apart along X, and a composite C of two boxes
 /// C0, C1 beside them, seen from above; optionally far from the origin.
-struct BoxRow {
-    model::System system{false};
-    mesh3D::Container* root = new mesh3D::Container(nullptr, &system, "root", "Root");
+struct BoxRow : ModelScene {
     QList<mesh3D::Object3D*> boxes;
-    mesh3D::Container* composite = new mesh3D::Container(root, &system, "C", "Composite");
+    mesh3D::Container* group = composite("C");
     QList<oxa::HRef*> no_references;
-    geometry3D::point offset;
 
-    explicit BoxRow(geometry3D::point at = {0.0, 0.0, 0.0}) : offset(at) {
-        root->children().append(composite);
-        composite->IsComposite(true);
-        for (int i = 0; i < 7; ++i) {
-            mesh3D::Container* parent = i < 5 ? root : composite;
-            auto* box = new mesh3D::Object3D(parent, &system, i < 5 ? QString("B%1").arg(i) : QString("C%1").arg(i - 5),
-                                             basic::unit_m, "box");
-            parent->children().append(box);
-            fixtures::Mesh cube = fixtures::cube(2.0 * i);
-            for (auto& p : cube.points)
-                p = {p[0] + at.x, p[1] + at.y, p[2] + at.z};
-            fixtures::build(*box, cube, 0.0);
-            box->update_boundingbox();
-            boxes << box;
-        }
-        root->update_boundingbox();
+    explicit BoxRow(geometry3D::point at = {0.0, 0.0, 0.0}) : ModelScene(at) {
+        for (int i = 0; i < 7; ++i)
+            boxes << box(i < 5 ? QString("B%1").arg(i) : QString("C%1").arg(i - 5), 2.0 * i, nullptr,
+                         i < 5 ? root : group);
     }
-    ~BoxRow() { delete root; }
 
     /// The window pixel over the top face of box i, at the fraction (fx, fy) of its extent.
     static QPointF on_top(const xQGLWidget& view, const BoxRow& row, int i, double fx = 0.5, double fy = 0.5) {
@@ -66,7 +47,7 @@ class tst_picking : public QObject {
         /// The selected boxes, and "C" for the composite selected as a whole.
         QStringList selected() const {
             QStringList ids;
-            if (painter->is_selected(row.composite))
+            if (painter->is_selected(row.group))
                 ids << "C";
             for (mesh3D::Object3D* box : row.boxes)
                 if (painter->is_selected(box))
