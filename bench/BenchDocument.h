@@ -14,24 +14,29 @@
 
 namespace bench {
 
-/// The document to measure: the first argument, or a large building generated into `folder`
-/// by the project's document generator. Empty, after saying that the benchmark is skipped,
-/// when neither is possible.
-inline QString benchmark_document(const QStringList& arguments, const QTemporaryDir& folder) {
-    if (arguments.size() > 1)
-        return arguments.at(1);
+/// A building made by the project's document generator into `folder`, with the generator's
+/// `options`; empty, after saying that the benchmark is skipped, when the generator is missing.
+inline QString generated_document(const QTemporaryDir& folder, const QString& name, const QStringList& options) {
     const QString generator = QString(ZENTRA_SOURCE_DIR) + "/../shared/tools/oxagen.py";
     if (!QFileInfo::exists(generator) || !folder.isValid()) {
         std::printf("skipped: no document given and the generator is not available\n");
         return QString();
     }
-    const QString path = folder.filePath("large.oxaxml");
+    const QString path = folder.filePath(name);
     std::printf("generating %s ...\n", qPrintable(path));
     std::fflush(stdout);
-    const int status =
-        QProcess::execute("python3", {generator, "-o", path, "--storeys", "40", "--rooms-per-storey", "80",
-                                      "--detail", "32", "--rotate", "--origin", "4512345.5,5412345.25"});
+    const int status = QProcess::execute("python3", QStringList{generator, "-o", path} + options);
     return status == 0 ? path : QString();
+}
+
+/// The document to measure: the first argument, or a large georeferenced building generated
+/// into `folder`.
+inline QString benchmark_document(const QStringList& arguments, const QTemporaryDir& folder) {
+    if (arguments.size() > 1)
+        return arguments.at(1);
+    return generated_document(folder, "large.oxaxml",
+                              {"--storeys", "40", "--rooms-per-storey", "80", "--detail", "32", "--rotate", "--origin",
+                               "4512345.5,5412345.25"});
 }
 
 /// The best of `runs` timings of `work`, in seconds.
