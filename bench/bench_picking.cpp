@@ -1,0 +1,76 @@
+// Picking on the reference building at 1280x800: one click by colour id and by ray, and a
+// region selection over a quarter of the frame (colour ids, and frustum in both styles), each
+// against the time of one normal frame of the same view.
+
+#include "BenchDocument.h"
+
+#include "mesh3D_gl/Painter.h"
+#include "oxa/OxaFileHandler.h"
+#include "oxa/OxaRoot.h"
+#include "xqtgl/xQGLWidget.h"
+
+#include <GL/gl.h>
+
+#include <QApplication>
+
+#include <cstdio>
+
+int main(int argc, char** argv) {
+    QApplication app(argc, argv);
+    QTemporaryDir folder;
+    const QString path = app.arguments().size() > 1
+                             ? app.arguments().at(1)
+                             : bench::generated_document(folder, "reference.oxaxml",
+                                                         {"--storeys", "40", "--rooms-per-storey", "80", "--detail", "32"});
+    if (path.isEmpty())
+        return 0;
+    oxa::OxaRoot root(false);
+    QString error;
+    if (!oxa::OxaFileHandler().oxaReadXML(&root, path, &error)) {
+        std::printf("cannot read %s: %s\n", qPrintable(path), qPrintable(error));
+        return 1;
+    }
+    xqtgl::xQGLWidget view;
+    view.resize(1280, 800);
+    view.show();
+    app.processEvents();
+    view.autoSwap(false);
+    auto* painter = new mesh3D_gl::Painter(&view);
+    painter->set_elements(root.RootContainer(), const_cast<QList<oxa::HRef*>&>(root.HRefList()));
+    view.boundingbox(painter->boundingbox());
+    view.zoom_home_norefresh();
+    view.zoom_all();
+
+    const double frame = bench::best_seconds(3, [&] {
+        view.updateGL();
+        glFinish();
+    });
+    const int cx = view.width() / 2, cy = view.height() / 2;
+    xqtgl::xQGLWidget::SelectSingleGeometric(false);
+    const double colour_click = bench::best_seconds(3, [&] { view.SelectRegion(cx - 5, cy - 5, 10, 10, 0, true, 0); });
+    const int clicked = painter->count_selected_elements();
+    xqtgl::xQGLWidget::SelectSingleGeometric(true);
+    const double ray_click = bench::best_seconds(3, [&] { view.SelectRegion(cx - 5, cy - 5, 10, 10, 0, true, 0); });
+    const int region_w = view.width() / 2, region_h = view.height() / 2;
+    const auto region = [&](bool geometric, int kind) {
+        xqtgl::xQGLWidget::SelectRegionGeometric(geometric);
+        const double seconds = bench::best_seconds(
+            3, [&] { view.SelectRegion(cx - region_w / 2, cy - region_h / 2, region_w, region_h, 0, true, kind); });
+        return std::make_pair(seconds, painter->count_selected_elements());
+    };
+    const auto colour_region = region(false, 1);
+    const auto surround_region = region(true, 1);
+    const auto touch_region = region(true, 2);
+
+    std::printf("frame 1280x800: %.1f ms (%d objects picked by the click, %d, %d and %d by the regions)\n",
+                frame * 1e3, clicked, colour_region.second, surround_region.second, touch_region.second);
+    const auto line = [&](const char* what, double seconds) {
+        std::printf("%s: %.1f ms; one frame: %.1f ms; ratio %.2f\n", what, seconds * 1e3, frame * 1e3, seconds / frame);
+    };
+    line("click pick by colour id", colour_click);
+    line("click pick by ray", ray_click);
+    line("quarter-frame region by colour ids", colour_region.first);
+    line("quarter-frame region by frustum, surround", surround_region.first);
+    line("quarter-frame region by frustum, touch", touch_region.first);
+    return 0;
+}
