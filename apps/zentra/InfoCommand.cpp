@@ -1,9 +1,10 @@
 #include "Command.h"
-#include "Imported3ds.h"
 #include "LoadedModel.h"
 
 #include "basic/text.h"
 #include "oxa/OxaInfoReader.h"
+#include "oxaIO/ExportContext.h"
+#include "oxaIO/OxaObjects.h"
 
 #include <QDirIterator>
 #include <QFileInfo>
@@ -22,7 +23,9 @@ QString section_list(const oxa::OxaInfoReader& reader) {
     return names.join("; ");
 }
 
-QList<QPair<QString, QString>> head_fields(const oxa::OxaInfoReader& reader) {
+using Fields = QList<QPair<QString, QString>>;
+
+Fields head_fields(const oxa::OxaInfoReader& reader) {
     return {{"project id", basic::FromStdString(reader.GetProjectID())},
             {"created", reader.GetCreated()},
             {"created by", basic::FromStdString(reader.GetCreatedBy())},
@@ -54,6 +57,31 @@ QStringList documents_of(const QString& path) {
     return files;
 }
 
+/// The heads of the documents of a path, read by the summary reader, each led by its "file".
+QList<Fields> document_heads(const QString& path) {
+    QList<Fields> heads;
+    for (const QString& file : documents_of(path)) {
+        const oxa::OxaInfoReader reader(file);
+        if (reader.IsValid()) // the full load reports the others
+            heads << (Fields{{"file", file}} + head_fields(reader));
+    }
+    return heads;
+}
+
+/// The head of an imported 3DS file, from the document the import made.
+QList<Fields> import_heads(LoadedModel& model) {
+    QList<Fields> heads;
+    for (const oxaIO::OxaObjects* document : model.root().OxaObjectsList()) {
+        const oxaIO::ExportContext& context = document->Context();
+        heads << Fields{{"file", model.path()},
+                        {"project id", basic::FromStdString(context.ProjectID())},
+                        {"created by", basic::FromStdString(context.CreatedBy())},
+                        {"source application", basic::FromStdString(context.SourceApp())},
+                        {"source format", basic::FromStdString(context.SourceFormat())}};
+    }
+    return heads;
+}
+
 int run_info(const QStringList& arguments, QTextStream& out, QTextStream& err) {
     QStringList paths = arguments;
     const bool json = paths.removeAll("--json") > 0;
@@ -62,20 +90,8 @@ int run_info(const QStringList& arguments, QTextStream& out, QTextStream& err) {
     int exit_code = 0;
     QJsonArray reports;
     for (const QString& path : paths) {
-        if (Imported3ds::is_3ds(path)) {
-            const Imported3ds imported(path);
-            if (!imported.document()) {
-                err << imported.error() << "\n";
-                err.flush();
-                exit_code = 1;
-                continue;
-            }
-            out << path << "\n";
-            imported.print_summary(out);
-            out.flush();
-            continue;
-        }
-        if (!QFileInfo(path).isDir()) {
+        const bool imported = LoadedModel::is_3ds(path);
+        if (!imported && !QFileInfo(path).isDir()) {
             const oxa::OxaInfoReader head(path);
             if (!head.IsValid()) {
                 out.flush();
@@ -85,27 +101,31 @@ int run_info(const QStringList& arguments, QTextStream& out, QTextStream& err) {
                 continue;
             }
         }
+        LoadedModel model(path);
+        if (imported && model.root().OxaObjectsList().isEmpty()) {
+            for (const QString& error : model.errors())
+                err << error << "\n";
+            err.flush();
+            exit_code = 1;
+            continue;
+        }
         QJsonObject report{{"path", path}};
         QJsonArray heads;
         if (!json)
             out << path << "\n";
-        for (const QString& file : documents_of(path)) {
-            const oxa::OxaInfoReader reader(file);
-            if (!reader.IsValid())
-                continue; // the full load below reports it
-            QJsonObject head{{"file", file}};
-            if (!json && file != path)
-                out << " " << file << "\n";
-            for (const auto& field : head_fields(reader)) {
+        for (const Fields& fields : imported ? import_heads(model) : document_heads(path)) {
+            QJsonObject head;
+            for (const auto& field : fields) {
                 head.insert(field.first, field.second);
-                if (!json)
+                if (!json && field.first == "file" && field.second != path)
+                    out << " " << field.second << "\n";
+                else if (!json && field.first != "file")
                     out << "  " << QString(field.first + ":").leftJustified(20) << field.second << "\n";
             }
             heads.append(head);
         }
         report.insert("documents", heads);
 
-        LoadedModel model(path);
         QJsonObject counts;
         for (const auto& field : count_fields(model.counts())) {
             counts.insert(field.first, static_cast<double>(field.second));

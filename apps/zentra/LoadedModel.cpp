@@ -1,13 +1,11 @@
 #include "LoadedModel.h"
 
-#include "Imported3ds.h"
-
 #include "basic/MessageService.h"
 #include "basic/text.h"
 #include "mesh3D/Container.h"
 #include "mesh3D/GenericObject.h"
 #include "mesh3D/Object3D.h"
-#include "mesh3D/Triangle.h"
+#include "geometry/Octree.h"
 #include "oxa/DataIO_3ds.h"
 #include "oxa/OxaFileHandler.h"
 #include "oxa/OxaInfoReader.h"
@@ -22,9 +20,9 @@
 #include "oxaIO/OxaTopologySection.h"
 #include "oxaIO/OxaVisualisationSection.h"
 
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFileInfo>
-#include <QSet>
 
 #include <atomic>
 #include <csignal>
@@ -67,11 +65,8 @@ void count_tree(const mesh3D::Container* container, ModelCounts& counts) {
             ++counts.objects;
             counts.triangles += object->triangles().size();
             counts.polygons += object->polygons().size();
-            QSet<const mesh3D::Vertex*> vertices;
-            for (const mesh3D::Triangle* triangle : object->triangles())
-                for (int i = 0; i < 3; ++i)
-                    vertices.insert(triangle->vertex(i));
-            counts.vertices += vertices.size();
+            // The points the surface holds after welding, whatever geometry uses them.
+            counts.vertices += object->vertices().count();
         } else if (dynamic_cast<mesh3D::GenericObject*>(child)) {
             ++counts.genericObjects;
         }
@@ -80,7 +75,7 @@ void count_tree(const mesh3D::Container* container, ModelCounts& counts) {
 
 } // namespace
 
-LoadedModel::LoadedModel(const QString& path) {
+LoadedModel::LoadedModel(const QString& path) : _path(path) {
     const QFileInfo info(path);
     if (!info.exists()) {
         _errors << path + ": no such file or folder";
@@ -88,24 +83,30 @@ LoadedModel::LoadedModel(const QString& path) {
     }
     _project = info.isDir();
     basic::MessageService service;
-    oxa::OxaXmlReader reader(_root.System());
+    oxa::OxaXmlReader reader(&_root);
     reader.MsgService(&service);
     if (isatty(STDERR_FILENO))
         QObject::connect(&service, &basic::MessageService::progress, &draw_progress);
+    // Every error the library reports fails the load: a file it could not read (explained
+    // below), any other line it marks as an error, and anything sent as an error.
     QStringList failed;
-    QObject::connect(&service, &basic::MessageService::message, [&failed](const QString& text) {
-        static const QString prefix = "Error reading file : ";
-        if (text.startsWith(prefix))
-            failed << QString(text).mid(prefix.size()).replace('\\', '/');
+    QObject::connect(&service, &basic::MessageService::message, [&](const QString& text) {
+        static const QString unreadable = "Error reading file : ";
+        if (text.startsWith(unreadable))
+            failed << QString(text).mid(unreadable.size()).replace('\\', '/');
+        else if (text.startsWith("Error"))
+            _errors << text;
     });
+    QObject::connect(&service, &basic::MessageService::error, [&](const QString& text) { _errors << text; });
     _root.MsgService(&service);
     runningReader = &reader;
     auto previous = std::signal(SIGINT, cancel_on_interrupt);
     QElapsedTimer timer;
     timer.start();
     if (_project) {
-        _root.ReadFromOxaProject(info.absoluteFilePath(), oxa::OxaRoot::DocumentSubfolders(path), &reader);
-    } else if (Imported3ds::is_3ds(path)) {
+        const QString folder = QDir::cleanPath(info.absoluteFilePath());
+        _root.ReadFromOxaProject(folder, oxa::OxaRoot::DocumentSubfolders(folder), &reader);
+    } else if (is_3ds(path)) {
         QString error;
         if (!oxa::DataIO_3ds::import_file(&_root, path, 1.0, &error))
             _errors << path + ": " + error;
@@ -124,6 +125,10 @@ LoadedModel::LoadedModel(const QString& path) {
     _root.MsgService(nullptr);
     for (const QString& file : failed)
         _errors << file + ": " + read_failure(file);
+}
+
+bool LoadedModel::is_3ds(const QString& path) {
+    return path.endsWith(QLatin1String(".3ds"), Qt::CaseInsensitive);
 }
 
 ModelCounts LoadedModel::counts() const {

@@ -21,13 +21,17 @@ public:
     explicit LoadedModel(const QString& path);
 
     oxa::OxaRoot& root() { return _root; }
+    const QString& path() const { return _path; }
     bool isProject() const { return _project; }
     const QStringList& errors() const { return _errors; }
     bool cancelled() const { return _cancelled; }
     double seconds() const { return _seconds; }
     ModelCounts counts() const;
+    /// True for a path ending in ".3ds", in any case.
+    static bool is_3ds(const QString& path);
 
 private:
+    QString _path;
     oxa::OxaRoot _root{false};
     bool _project = false;
     bool _cancelled = false;

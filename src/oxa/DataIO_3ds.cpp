@@ -159,6 +159,13 @@ void read_vertices(unsigned int end, double scale) {
     }
 }
 
+/// An object has one material: each material group names it, without its face numbers, and the
+/// last group's name stands. Writers put the groups inside the face list or beside it in the
+/// mesh; both places are read alike.
+void read_face_material(DataIO_3ds::obj_type& object, unsigned int end) {
+    state().stream.name(object.material, SHORT_NAME_BYTES, end);
+}
+
 void read_faces(unsigned int end) {
     static const char* const corner_error[3] = {
         "+++++++ fehler [a] %d >= %d \n", "+++++++ fehler [b] %d >= %d \n", "+++++++ fehler [c] %d >= %d \n"};
@@ -191,10 +198,8 @@ void read_faces(unsigned int end) {
         Chunk3ds head;
         if (!stream.chunk(head, end))
             break;
-        // An object has one material: each group names it, without its face numbers, and the
-        // last group's name stands.
         if (head.id == FACE_MATERIAL)
-            stream.name(object.material, SHORT_NAME_BYTES, head.end);
+            read_face_material(object, head.end);
         stream.seek(head.limit);
     }
 }
@@ -384,6 +389,9 @@ void DataIO_3ds::read_EDIT_OBJECT(model::System* system, unsigned int end, doubl
             break;
         case TEXTURE_COORDINATES:
             read_texture_coordinates(head.end);
+            break;
+        case FACE_MATERIAL:
+            read_face_material(*s.current, head.end);
             break;
         default:
             break;

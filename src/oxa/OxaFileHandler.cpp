@@ -48,7 +48,7 @@ oxaIO::OxaObjects* OxaFileHandler::oxaReadXML(OxaRoot* root, const QString& file
     if (foreign) {
         reader = foreignReader;
     } else {
-        reader = new (std::nothrow) OxaXmlReader(root->System());
+        reader = new (std::nothrow) OxaXmlReader(root);
         if (!reader)
             return nullptr;
         reader->MsgService(messageService);

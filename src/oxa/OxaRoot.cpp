@@ -149,12 +149,15 @@ bool OxaRoot::AddToRootStructure(oxaIO::OxaObjects* objects) {
 }
 
 QList<QString> OxaRoot::DocumentSubfolders(const QString& path) {
+    // Walk the cleaned absolute folder: a relative path, one with "..", or one with a trailing
+    // slash then names the same subfolders as the absolute path does.
+    const QDir project(QDir::cleanPath(QFileInfo(path).absoluteFilePath()));
     QList<QString> folders;
-    QDirIterator it(path, QDir::Dirs | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
+    QDirIterator it(project.path(), QDir::Dirs | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
     while (it.hasNext()) {
         const QString folder = it.next();
         if (!QDir(folder).entryList({"*.oxaxml"}, QDir::Files).isEmpty())
-            folders << QDir(path).relativeFilePath(folder);
+            folders << project.relativeFilePath(folder);
     }
     std::sort(folders.begin(), folders.end());
     return folders;

@@ -1,5 +1,7 @@
 #include "oxa/OxaXmlReader.h"
 
+#include "oxa/OxaRoot.h"
+
 #include "basic/Exception.h"
 #include "basic/MessageService.h"
 #include "basic/color.h"
@@ -73,6 +75,8 @@ oxaIO::VColor4 LightColor(int r, int g, int b) {
 
 OxaXmlReader::OxaXmlReader(model::System* system)
     : result(new oxaIO::OxaObjects()), system(system), examineContainer(OxaExamineContainer::GetInstance()) {}
+
+OxaXmlReader::OxaXmlReader(OxaRoot* root) : OxaXmlReader(root ? root->System() : nullptr) {}
 
 OxaXmlReader::OxaXmlReader(mesh3D::Surface* surface, basic::unit unit)
     : OxaXmlReader(surface ? surface->system() : nullptr) {

@@ -39,6 +39,8 @@ struct VOxaPropertyType;
 
 namespace oxa {
 
+class OxaRoot;
+
 class Light;
 class OxaExamineContainer;
 class OxaExamineData;
@@ -63,8 +65,10 @@ class ViewContainer;
 /// known to a `data3D` of a later one.
 class ZENTRA_EXPORT OxaXmlReader : public oxaIO::OxaReader {
 public:
+    /// Reads whole documents into the root's system, as the root's own loads do.
+    explicit OxaXmlReader(OxaRoot* root);
     /// Reads whole documents into `system`; root containers are made for the system and listed
-    /// in the result's object section.
+    /// in the result's object section. For a system without a project root.
     explicit OxaXmlReader(model::System* system);
     /// Reads a geometry fragment into `surface`, whose coordinates are given in `unit`.
     OxaXmlReader(mesh3D::Surface* surface, basic::unit unit);

@@ -213,6 +213,8 @@ OxaReader::~OxaReader() = default;
 
 void OxaReader::StartDocument() {
     identifierMap.clear();
+    mappedIdentifiers.clear();
+    mappedIdentifiersCurrent = true;
     elementStack.clear();
 }
 
@@ -655,15 +657,33 @@ std::wstring OxaReader::MappedID(const wchar_t* value) {
 std::wstring OxaReader::GetObjectID(const std::wstring& id) {
     if (identifierMap.empty())
         return id;
-    const std::wstring& mapped = identifierMap[id];
-    return mapped.empty() ? id : mapped;
+    // An identifier the map does not know enters it with an empty value.
+    const auto [entry, added] = identifierMap.try_emplace(id);
+    if (added)
+        IndexMappedIdentifier(id, entry->second);
+    return entry->second.empty() ? id : entry->second;
 }
 
 std::wstring OxaReader::GetMappedObjectID(const std::wstring& id) {
-    for (const auto& entry : identifierMap)
-        if (entry.second == id)
-            return entry.first;
-    return id;
+    if (identifierMap.empty())
+        return id;
+    if (!mappedIdentifiersCurrent) {
+        mappedIdentifiers.clear();
+        // In key order, so that the first key of each value stays.
+        for (const auto& entry : identifierMap)
+            mappedIdentifiers.emplace(entry.second, entry.first);
+        mappedIdentifiersCurrent = true;
+    }
+    const auto found = mappedIdentifiers.find(id);
+    return found == mappedIdentifiers.end() ? id : found->second;
+}
+
+void OxaReader::IndexMappedIdentifier(const std::wstring& key, const std::wstring& value) {
+    if (!mappedIdentifiersCurrent)
+        return;
+    const auto [entry, added] = mappedIdentifiers.try_emplace(value, key);
+    if (!added && key < entry->second)
+        entry->second = key;
 }
 
 void OxaReader::ReadColor(CXMLSaxAttribut** attributes, int& r, int& g, int& b, double& a) {
@@ -968,7 +988,15 @@ void OxaReader::ReadIdMappingEntry(CXMLSaxAttribut** attributes) {
     static const wchar_t* const names[] = {L"k", L"v"};
     const wchar_t* values[2];
     FindValues(attributes, names, values);
-    identifierMap[Text(values[0])] = Text(values[1]);
+    const std::wstring key = Text(values[0]), value = Text(values[1]);
+    const auto [entry, added] = identifierMap.try_emplace(key, value);
+    if (added) {
+        IndexMappedIdentifier(key, value);
+    } else if (entry->second != value) {
+        // The key's old value may be what the reverse index gives; rebuild it when next asked.
+        entry->second = value;
+        mappedIdentifiersCurrent = false;
+    }
 }
 
 void OxaReader::ReadContainer(CXMLSaxAttribut** attributes) {

@@ -8,6 +8,7 @@
 #include <deque>
 #include <map>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace tavxmln {
@@ -342,9 +343,15 @@ private:
     void ReadUnit(CXMLSaxAttribut** attributes);
     void ReadDateTimeGroup(CXMLSaxAttribut** attributes, int (&fields)[6]);
     void EndCallback(int state);
+    /// Enters a key and its value in the reverse index, where the smallest key of a value wins.
+    void IndexMappedIdentifier(const wstring& key, const wstring& value);
 
     std::deque<int> elementStack;
     std::map<wstring, wstring> identifierMap;
+    /// The reverse of `identifierMap` (value to its smallest key), so that each reverse lookup
+    /// costs no walk of the whole map; rebuilt when an entry is overwritten.
+    std::unordered_map<wstring, wstring> mappedIdentifiers;
+    bool mappedIdentifiersCurrent = true;
 };
 
 } // namespace oxaIO

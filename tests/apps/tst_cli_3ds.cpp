@@ -1,5 +1,14 @@
 #include "oxa/Writer3ds.h"
 
+#include "mesh3D/Container.h"
+#include "mesh3D/Material.h"
+#include "mesh3D/Object3D.h"
+#include "oxa/DataIO_3ds.h"
+#include "oxa/OxaFileHandler.h"
+#include "oxa/OxaRoot.h"
+#include "oxaIO/OxaObjectSection.h"
+#include "oxaIO/OxaObjects.h"
+
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -12,6 +21,30 @@ class TestCli3ds : public QObject {
     Q_OBJECT
 
     static CliResult run(const QStringList& arguments) { return run_cli(arguments); }
+
+    /// The name of the object's material when a document lists it; a stand-in for a missing
+    /// material is no material.
+    static QString material_of(const mesh3D::Object3D* object, const oxa::OxaRoot& root) {
+        for (const oxaIO::OxaObjects* document : root.OxaObjectsList())
+            for (const oxaIO::IMaterial* listed : document->ObjectSection().GetMaterials())
+                if (listed == object->material())
+                    return object->material()->name();
+        return QString();
+    }
+
+    /// Every object of a loaded root by identifier.
+    static QHash<QString, mesh3D::Object3D*> objects_of(const oxa::OxaRoot& root) {
+        QHash<QString, mesh3D::Object3D*> found;
+        QList<const mesh3D::Container*> open{root.RootContainer()};
+        while (!open.isEmpty())
+            for (mesh3D::Element* child : open.takeFirst()->children()) {
+                if (auto* inner = dynamic_cast<const mesh3D::Container*>(child))
+                    open << inner;
+                else if (auto* object = dynamic_cast<mesh3D::Object3D*>(child))
+                    found.insert(object->id(), object);
+            }
+        return found;
+    }
 
     /// Two quads with one material and a group node above the first.
     static QByteArray two_quads() {
@@ -30,14 +63,15 @@ private slots:
         const CliResult result = run({"info", path});
         QCOMPARE(result.code, 0);
         QVERIFY2(result.out.contains("source format:      3ds\n"), qPrintable(result.out));
-        QVERIFY(result.out.contains("containers:         1\n"));
+        // The import's root container and the group node.
+        QVERIFY(result.out.contains("containers:         2\n"));
         QVERIFY(result.out.contains("objects:            2\n"));
         QVERIFY(result.out.contains("triangles:          4\n"));
         QVERIFY(result.out.contains("materials:          1\n"));
 
         const CliResult missing = run({"info", folder.filePath("none.3ds")});
         QCOMPARE(missing.code, 1);
-        QVERIFY(missing.err.contains("3ds: could not open file ["));
+        QVERIFY2(missing.err.startsWith(folder.filePath("none.3ds")), qPrintable(missing.err));
     }
 
     void convert_writes_an_exchange_document() {
@@ -47,7 +81,11 @@ private slots:
         QVERIFY(save(input, two_quads()));
         const CliResult result = run({"convert", input, output});
         QCOMPARE(result.code, 0);
-        QCOMPARE(result.out, "wrote " + output + "\n");
+        QVERIFY2(result.out.startsWith("checked the written copy in ") &&
+                     result.out.endsWith("wrote " + output + " (1 documents)\n"),
+                 qPrintable(result.out));
+        QVERIFY(!QFile::exists(output + ".part"));
+        QVERIFY(!run({"convert", "--no-verify", input, output}).out.contains("checked"));
         QFile written(output);
         QVERIFY(written.open(QIODevice::ReadOnly));
         const QString text = QString::fromUtf8(written.readAll());
@@ -59,6 +97,39 @@ private slots:
         QCOMPARE(info.code, 0);
         QVERIFY2(info.out.contains("created by:         3dsToOxa"), qPrintable(info.out));
         QVERIFY(info.out.contains("source format:      3ds"));
+    }
+
+    void every_object_reads_back_whole_data() {
+        QTest::addColumn<QString>("input");
+        static QTemporaryDir made;
+        QVERIFY(save(made.filePath("quads.3ds"), two_quads()));
+        QTest::newRow("two quads under a group") << made.filePath("quads.3ds");
+        const QDir corpus(ZENTRA_SHARED_DATA "/3ds");
+        for (const QString& name : corpus.entryList({"*.3ds", "*.3DS"}, QDir::Files))
+            QTest::newRow(qPrintable(name)) << corpus.filePath(name);
+    }
+
+    /// Import, convert, read back: each object by its identifier, with its triangles, its
+    /// material and the name of the container it lies in.
+    void every_object_reads_back_whole() {
+        QFETCH(QString, input);
+        QTemporaryDir folder;
+        const QString output = folder.filePath("copy.oxaxml");
+        const CliResult converted = run({"convert", input, output});
+        QVERIFY2(converted.code == 0, qPrintable(converted.err));
+        oxa::OxaRoot imported(false), read(false);
+        QString error;
+        QVERIFY(oxa::DataIO_3ds::import_file(&imported, input, 1.0, &error));
+        QVERIFY(oxa::OxaFileHandler().oxaReadXML(&read, output, &error));
+        const QHash<QString, mesh3D::Object3D*> originals = objects_of(imported), copies = objects_of(read);
+        QCOMPARE(copies.size(), originals.size());
+        for (const mesh3D::Object3D* object : originals) {
+            const mesh3D::Object3D* copy = copies.value(object->id());
+            QVERIFY2(copy, qPrintable(object->id()));
+            QCOMPARE(copy->CountTriangles(), object->CountTriangles());
+            QCOMPARE(material_of(copy, read), material_of(object, imported));
+            QCOMPARE(copy->Parent()->name(), object->Parent()->name());
+        }
     }
 
     void convert_usage_errors_data() {

@@ -27,8 +27,8 @@ bool Write(const QString& path, const QByteArray& bytes) {
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
 }
 
-QJsonObject Counts(const QString& path) {
-    const CliResult result = run_cli({"info", "--json", path});
+QJsonObject Counts(const QString& path, const QString& directory = QString()) {
+    const CliResult result = run_cli({"info", "--json", path}, QProcessEnvironment::systemEnvironment(), directory);
     return QJsonDocument::fromJson(result.out.toUtf8()).array().first().toObject().value("counts").toObject();
 }
 
@@ -56,6 +56,20 @@ private slots:
         QCOMPARE(text.code, 0);
         QVERIFY(text.out.contains("created:            2024-02-01T00:00:00"));
         QVERIFY(text.out.contains("peak memory:"));
+    }
+
+    void anyPathToAProjectLoadsTheSameModel_data() {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QString>("directory");
+        QTest::newRow("relative") << "p" << dir.path();
+        QTest::newRow("through ..") << "../../p" << dir.filePath("p/sub");
+        QTest::newRow("trailing slash") << dir.filePath("p") + "/" << QString();
+    }
+
+    void anyPathToAProjectLoadsTheSameModel() {
+        QFETCH(QString, path);
+        QFETCH(QString, directory);
+        QCOMPARE(Counts(path, directory), Counts(dir.filePath("p")));
     }
 
     void treeDumpsTheContainers() {
@@ -86,6 +100,7 @@ private slots:
         QCOMPARE(counts.value("properties").toInt(), 2);
         QCOMPARE(counts.value("contacts").toInt(), 1);
         QCOMPARE(counts.value("intersections").toInt(), 1);
+        QCOMPARE(counts.value("vertices").toInt(), 4 * 8); // four boxes of eight welded corners
         QVERIFY(QFile::exists(made + "/structure/structure.oxaxml"));
         // The bundled copy is what the generator makes.
         QCOMPARE(Counts(QStringLiteral(ZENTRA_SOURCE_DIR) + "/examples/sample-project"), counts);
@@ -113,6 +128,13 @@ private slots:
         QCOMPARE(bad.code, 1);
         QVERIFY2(bad.err.startsWith(dir.filePath("bad/x.oxaxml") + ": "), qPrintable(bad.err));
         QCOMPARE(bad.err.count('\n'), 1);
+        // One unreadable document fails the whole project, by name; what was read still counts.
+        QVERIFY(Write(dir.filePath("broken/good.oxaxml"), Document("2024-01-01T00:00:00", "G", "G1")));
+        QVERIFY(Write(dir.filePath("broken/sub/bad.oxaxml"), "<objects><objectSection"));
+        const CliResult project = run_cli({"info", dir.filePath("broken")});
+        QCOMPARE(project.code, 1);
+        QVERIFY2(project.err.contains("bad.oxaxml"), qPrintable(project.err));
+        QVERIFY(project.out.contains("objects:            1\n"));
     }
 };
 

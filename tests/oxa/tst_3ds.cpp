@@ -129,6 +129,8 @@ private slots:
     void unknown_chunk_inside_a_mesh_is_skipped();
     void face_index_beyond_the_vertex_list_uses_vertex_zero();
     void unknown_material_gets_the_fallback();
+    void face_materials_inside_or_beside_the_face_list_data();
+    void face_materials_inside_or_beside_the_face_list();
     void hostile_lengths_end_the_read_cleanly_data();
     void hostile_lengths_end_the_read_cleanly();
     void every_cut_of_a_file_reads_what_was_whole();
@@ -288,6 +290,24 @@ void Test3ds::face_index_beyond_the_vertex_list_uses_vertex_zero() {
         for (int c = 0; c < 3; ++c)
             at_vertex_zero += triangle->vertex(c)->x() == 5.0 ? 1 : 0;
     QCOMPARE(at_vertex_zero, 3);
+}
+
+void Test3ds::face_materials_inside_or_beside_the_face_list_data() {
+    QTest::addColumn<QByteArray>("mesh");
+    const QByteArray corners = vertices({{0, 0, 0}, {1, 0, 0}, {1, 1, 0}});
+    QTest::newRow("inside the face list") << corners + faces({{0, 1, 2}}, face_material("Red", {0}));
+    QTest::newRow("beside it, in the mesh") << corners + faces({{0, 1, 2}}) + face_material("Red", {0});
+}
+
+void Test3ds::face_materials_inside_or_beside_the_face_list() {
+    QFETCH(QByteArray, mesh);
+    QTemporaryDir folder;
+    Imported imported;
+    QVERIFY(import_bytes(imported, folder, file(red_material() + object("Plane", mesh)), 1.0));
+    const QList<mesh3D::Object3D*> surfaces = surfaces_of(imported);
+    QCOMPARE(surfaces.size(), 1);
+    QVERIFY(surfaces.first()->material());
+    QCOMPARE(surfaces.first()->material()->name(), QString("model.3ds::Red"));
 }
 
 void Test3ds::unknown_material_gets_the_fallback() {

@@ -72,7 +72,7 @@ private slots:
         QVERIFY(fixture::WriteFile(first, NestedDocument()));
         QVERIFY(fixture::WriteFile(second, fixture::Document(R"(<container ID="OTHER" name="other"/>)")));
         oxa::OxaRoot root(false);
-        oxa::OxaXmlReader reader(root.System());
+        oxa::OxaXmlReader reader(&root);
         oxa::OxaFileHandler handler;
         QVERIFY(handler.oxaReadXML(&root, first, nullptr, &reader));
         QVERIFY(handler.oxaReadXML(&root, second, nullptr, &reader));
@@ -108,7 +108,7 @@ private slots:
         basic::MessageService service;
         QSignalSpy progress(&service, &basic::MessageService::progress_message);
         oxa::OxaRoot root(false);
-        oxa::OxaXmlReader reader(root.System());
+        oxa::OxaXmlReader reader(&root);
         oxa::OxaFileHandler handler;
         handler.MsgService(&service);
         QVERIFY(handler.oxaReadXML(&root, before, nullptr, &reader));

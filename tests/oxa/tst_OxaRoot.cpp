@@ -162,7 +162,7 @@ private slots:
         QSignalSpy progressMessages(&service, &basic::MessageService::progress_message);
         oxa::OxaRoot root(false);
         root.MsgService(&service);
-        oxa::OxaXmlReader reader(root.System());
+        oxa::OxaXmlReader reader(&root);
         reader.MsgService(&service);
         QVERIFY(!root.ReadFromOxaProject(dir.filePath("u"), {}, &reader));
         QCOMPARE(RootChildren(root), QStringList({"G1", "G2"}));
@@ -270,7 +270,7 @@ private slots:
         write("c/big.oxaxml", Doc("2024-02-01T00:00:00", "BIG", many));
         write("c/small.oxaxml", Doc("2024-01-01T00:00:00", "SMALL", {"S"}));
         oxa::OxaRoot root(false);
-        oxa::OxaXmlReader reader(root.System());
+        oxa::OxaXmlReader reader(&root);
         basic::MessageService service;
         reader.MsgService(&service);
         // The other thread cancels at the first progress report, and the read waits there for it,
