@@ -56,7 +56,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     QList<QSet<QString>*> relations;
     {
         oxa::OxaRoot root(false);
-        oxa::OxaXmlReader reader(root.System());
+        oxa::OxaXmlReader reader(&root);
         root.ImportOXAXML(InputFile(), QString(), &reader);
         root.ImportOXAXML(InputFile(), QStringLiteral("again"), &reader);
         relations << root.GetContacts().values() << root.GetIntersections().values();
