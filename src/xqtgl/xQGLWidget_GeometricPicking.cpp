@@ -85,7 +85,7 @@ void xQGLWidget::Build4SidePlanes(geometry3D::point* const near_corners, geometr
     for (int i = 0; i < 4; ++i)
         centre = centre + (Point(near_corners[i]) + Point(far_corners[i])) * 0.125;
     for (int i = 0; i < 4; ++i) {
-        geometry3D::Plane side(Point(near_corners[i]), Point(near_corners[(i + 1) % 4]), Point(far_corners[i]));
+        geometry3D::Plane side{Point(near_corners[i]), Point(near_corners[(i + 1) % 4]), Point(far_corners[i])};
         // Whichever way the rectangle was drawn, the inside of the frustum is the positive side.
         if (side.classify(centre) == geometry3D::Behind)
             side = geometry3D::Plane(vmp::Vector(-side.n()[0], -side.n()[1], -side.n()[2]), -side.d());
