@@ -127,6 +127,64 @@ QByteArray ReadAll(const QString& path) {
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
+bool Same(const QJsonValue& actual, const QJsonValue& expected) {
+    // The manifest gives a missing text as null.
+    if (expected.isNull() && actual.isString())
+        return actual.toString().isEmpty();
+    if (actual.isDouble() && expected.isDouble())
+        return Close(actual.toDouble(), expected.toDouble());
+    if (!actual.isArray() || !expected.isArray() || actual.toArray().size() != expected.toArray().size())
+        return actual == expected;
+    for (int i = 0; i < actual.toArray().size(); ++i)
+        if (!Same(actual.toArray()[i], expected.toArray()[i]))
+            return false;
+    return true;
+}
+
+/// The fields where what was read differs from the manifest, all reported at once.
+struct Differences {
+    QStringList found;
+
+    /// Compares every field of `actual` with the manifest's field of the same key.
+    void Compare(const QString& where, const QJsonObject& actual, const QJsonObject& expected) {
+        for (auto it = actual.begin(); it != actual.end(); ++it)
+            if (!Same(*it, expected.value(it.key())))
+                found << QString("%1 %2: %3, expected %4")
+                             .arg(where, it.key(), QJsonDocument(QJsonArray{*it}).toJson(QJsonDocument::Compact),
+                                  QJsonDocument(QJsonArray{expected.value(it.key())}).toJson(QJsonDocument::Compact));
+    }
+};
+
+QJsonArray Colour(const basic::color4& c) {
+    return {qRound(c.r * 255.0), qRound(c.g * 255.0), qRound(c.b * 255.0), c.a};
+}
+
+/// An object as the manifest describes it.
+QJsonObject Summary(const mesh3D::Object3D& object, const mesh3D::Material* dummy, int duplicates) {
+    const Figures f = Count(&object);
+    const geometry3D::boundingbox box = object.getBoundingbox();
+    return {{"name", object.name()},
+            {"container", object.Parent()->id()},
+            {"negative", object.Negative()},
+            {"refID", object.qRefID()},
+            {"material", object.material() == dummy ? QJsonValue() : QJsonValue(object.material()->id())},
+            {"vertices", f.vertices},
+            {"triangles", f.triangles},
+            {"root_triangles", f.rootTriangles},
+            {"face_triangles", f.faceTriangles},
+            {"polygons", f.polygons},
+            {"polygons_without_tess", f.polygonsWithoutTess},
+            {"tess_triangles", f.tessTriangles},
+            {"faces", f.faces},
+            {"solids", f.solids},
+            {"tex_coords", f.texCoords},
+            {"obb", object.OptOBB() != nullptr},
+            {"obbxy", object.OOBBxy() != nullptr},
+            {"bbox_min", QJsonArray{box.xmin, box.ymin, box.zmin}},
+            {"bbox_max", QJsonArray{box.xmax, box.ymax, box.zmax}},
+            {"duplicate_points", duplicates}};
+}
+
 } // namespace
 
 class tst_OxaXmlReaderSamples : public QObject {
@@ -186,105 +244,57 @@ void tst_OxaXmlReaderSamples::samples() {
     QCOMPARE(walk.negatives, count("object3D_negative"));
     QCOMPARE(walk.generics, count("generic_objects"));
 
-    // Materials
-    const QJsonArray materials = expected.value("materials").toArray();
+    // Materials, objects (one per data3D) and properties, field by field against the manifest.
+    Differences differences;
     QCOMPARE(int(document->ObjectSection().GetMaterials().size()), count("materials"));
+    const QJsonArray materials = expected.value("materials").toArray();
     QCOMPARE(materials.size(), count("materials"));
-    auto channel = [](const basic::color4& color, const QJsonArray& values) {
-        return color.r == float(values[0].toInt() / 255.0) && color.g == float(values[1].toInt() / 255.0) &&
-               color.b == float(values[2].toInt() / 255.0) && color.a == float(values[3].toDouble());
-    };
     for (const QJsonValue& value : materials) {
-        const QJsonObject m = value.toObject();
-        const QString id = m.value("id").toString();
-        mesh3D::Material* material = model.Material(id);
-        QVERIFY2(material, qPrintable(id));
-        QCOMPARE(material->name(), m.value("name").toString());
-        QVERIFY2(channel(material->diffuse(), m.value("diff").toArray()), qPrintable(id));
-        QVERIFY2(channel(material->specular(), m.value("spec").toArray()), qPrintable(id));
-        QVERIFY2(channel(material->ambient(), m.value("amb").toArray()), qPrintable(id));
-        QCOMPARE(material->transparency(), m.value("trans").toDouble());
-        QCOMPARE(material->texture_filename(), m.value("texture").toString());
+        const QString id = value.toObject().value("id").toString();
+        const mesh3D::Material* m = model.Material(id);
+        QVERIFY2(m, qPrintable(id));
+        differences.Compare(id, {{"name", m->name()}, {"diff", Colour(m->diffuse())}, {"spec", Colour(m->specular())},
+                                 {"amb", Colour(m->ambient())}, {"trans", m->transparency()},
+                                 {"texture", m->texture_filename()}},
+                            value.toObject());
     }
-
-    // Objects, one per data3D
     const QJsonArray objects = expected.value("objects").toArray();
     QCOMPARE(objects.size(), count("object3D"));
     oxa::OxaExamineContainer* examine = oxa::OxaExamineContainer::GetInstance();
-    mesh3D::Material* dummy = mesh3D::Material::Dummy(&model.system);
     Figures total;
     for (const QJsonValue& value : objects) {
-        const QJsonObject o = value.toObject();
-        const QString id = o.value("id").toString();
-        mesh3D::Object3D* object = model.Object(id);
+        const QString id = value.toObject().value("id").toString();
+        const mesh3D::Object3D* object = model.Object(id);
         QVERIFY2(object, qPrintable(id));
-        QCOMPARE(object->name(), o.value("name").toString());
-        QCOMPARE(object->Parent()->id(), o.value("container").toString());
-        QCOMPARE(object->Negative(), o.value("negative").toBool());
-        QCOMPARE(object->qRefID(), o.value("refID").toString());
-        QCOMPARE(object->material(),
-                 o.value("material").isNull() ? dummy : model.Material(o.value("material").toString()));
+        const oxa::OxaExamineData* record = examine->FindObjectExamineDataFromRealID(id);
+        differences.Compare(id, Summary(*object, mesh3D::Material::Dummy(&model.system),
+                                        record ? record->CountDuplicatePoints() : 0),
+                            value.toObject());
         const Figures f = Count(object);
-        const QString what = id + " %1";
-        QVERIFY2(f.vertices == o.value("vertices").toInt(), qPrintable(what.arg("vertices")));
-        QVERIFY2(f.triangles == o.value("triangles").toInt(), qPrintable(what.arg("triangles")));
-        QVERIFY2(f.rootTriangles == o.value("root_triangles").toInt(),
-                 qPrintable(what.arg("root triangles")));
-        QVERIFY2(f.faceTriangles == o.value("face_triangles").toInt(),
-                 qPrintable(what.arg("face triangles")));
-        QVERIFY2(f.polygons == o.value("polygons").toInt(), qPrintable(what.arg("polygons")));
-        QVERIFY2(f.polygonsWithoutTess == o.value("polygons_without_tess").toInt(),
-                 qPrintable(what.arg("no tess")));
-        QVERIFY2(f.tessTriangles == o.value("tess_triangles").toInt(), qPrintable(what.arg("tessellation")));
-        QVERIFY2(f.faces == o.value("faces").toInt(), qPrintable(what.arg("faces")));
-        QVERIFY2(f.solids == o.value("solids").toInt(), qPrintable(what.arg("solids")));
-        QVERIFY2(f.texCoords == o.value("tex_coords").toInt(), qPrintable(what.arg("texture coordinates")));
-        QVERIFY2((object->OptOBB() != nullptr) == o.value("obb").toBool(), qPrintable(what.arg("obb")));
-        QVERIFY2((object->OOBBxy() != nullptr) == o.value("obbxy").toBool(), qPrintable(what.arg("obbxy")));
-        const geometry3D::boundingbox box = object->getBoundingbox();
-        const QJsonArray min = o.value("bbox_min").toArray();
-        const QJsonArray max = o.value("bbox_max").toArray();
-        QVERIFY2(Close(box.xmin, min[0].toDouble()) && Close(box.ymin, min[1].toDouble()) &&
-                     Close(box.zmin, min[2].toDouble()) && Close(box.xmax, max[0].toDouble()) &&
-                     Close(box.ymax, max[1].toDouble()) && Close(box.zmax, max[2].toDouble()),
-                 qPrintable(what.arg("bounding box")));
-        oxa::OxaExamineData* record = examine->FindObjectExamineDataFromRealID(id);
-        const int duplicates = record ? record->CountDuplicatePoints() : 0;
-        QVERIFY2(duplicates == o.value("duplicate_points").toInt(), qPrintable(what.arg("duplicates")));
-        total.vertices += f.vertices;
-        total.triangles += f.triangles;
-        total.tessTriangles += f.tessTriangles;
-        total.polygons += f.polygons;
-        total.faces += f.faces;
-        total.solids += f.solids;
-        total.texCoords += f.texCoords;
+        total.vertices += f.vertices, total.triangles += f.triangles, total.tessTriangles += f.tessTriangles;
+        total.polygons += f.polygons, total.faces += f.faces, total.solids += f.solids, total.texCoords += f.texCoords;
     }
-    QCOMPARE(total.vertices, count("vertices"));
-    QCOMPARE(total.triangles, count("triangles"));
-    QCOMPARE(total.tessTriangles, count("tess_triangles"));
-    QCOMPARE(total.polygons, count("polygons"));
-    QCOMPARE(total.faces, count("faces"));
-    QCOMPARE(total.solids, count("solids"));
-    QCOMPARE(total.texCoords, count("tex_coords"));
-    for (const QJsonValue& id : expected.value("demolish").toArray())
-        QCOMPARE(model.Object(id.toString())->SimulationType(), 1);
-
-    // Properties, in document order
     const auto& properties = document->ObjectSection().PropertySection().GetProperties();
     QCOMPARE(int(properties.size()), count("properties"));
     const QJsonArray expectedProperties = expected.value("properties").toArray();
     QCOMPARE(expectedProperties.size(), int(properties.size()));
     index = 0;
-    for (const oxaIO::VOxaPropertyType* property : properties) {
-        const QJsonObject p = expectedProperties[index++].toObject();
-        const QString what = QString("property %1").arg(index);
-        QVERIFY2(S(property->refID) == p.value("refID").toString(), qPrintable(what));
-        QVERIFY2(S(property->name) == p.value("name").toString(), qPrintable(what));
-        QVERIFY2(S(property->datatype) == p.value("datatype").toString(), qPrintable(what));
-        QVERIFY2(S(property->value) == p.value("value").toString(),
-                 qPrintable(what + " " + S(property->value)));
-        QVERIFY2(S(property->unit) == p.value("unit").toString(), qPrintable(what));
+    for (const oxaIO::VOxaPropertyType* p : properties) {
+        differences.Compare(QString("property %1").arg(index + 1),
+                            {{"refID", S(p->refID)}, {"name", S(p->name)}, {"datatype", S(p->datatype)},
+                             {"value", S(p->value)}, {"unit", S(p->unit)}},
+                            expectedProperties[index].toObject());
+        ++index;
     }
+    QVERIFY2(differences.found.isEmpty(), qPrintable(differences.found.join("\n")));
+    const QList<QPair<int, const char*>> totals = {{total.vertices, "vertices"}, {total.triangles, "triangles"},
+                                                   {total.tessTriangles, "tess_triangles"}, {total.polygons, "polygons"},
+                                                   {total.faces, "faces"}, {total.solids, "solids"},
+                                                   {total.texCoords, "tex_coords"}};
+    for (const auto& [sum, key] : totals)
+        QVERIFY2(sum == count(key), key);
+    for (const QJsonValue& id : expected.value("demolish").toArray())
+        QCOMPARE(model.Object(id.toString())->SimulationType(), 1);
     QCOMPARE(int(document->ActivitySection().PropertySection().GetProperties().size()),
              count("activity_properties"));
 
