@@ -18,7 +18,8 @@
 namespace {
 
 /// An exchange document lists objects only inside containers, never straight under a root
-/// container, so a 3DS file's top-level objects would be written nowhere. They move into one
+/// container, so a 3DS file's top-level objects (or a document's, whose outermost container
+/// holds objects) would be written nowhere. They move into one
 /// container under the root that carries the root's name, which keeps each object's place by
 /// the names of its containers.
 void nest_top_level_objects(oxa::OxaRoot& root) {
@@ -105,8 +106,7 @@ int run_convert(const QStringList& arguments, QTextStream& out, QTextStream& err
         err << error << "\n";
     if (model.root().OxaObjectsList().isEmpty())
         return 1;
-    if (LoadedModel::is_3ds(input))
-        nest_top_level_objects(model.root());
+    nest_top_level_objects(model.root());
 
     // The copy is written beside the target and takes its name only once it has read back whole.
     const QString part = output + ".part";

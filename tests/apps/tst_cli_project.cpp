@@ -90,6 +90,21 @@ private slots:
         QCOMPARE(Counts(copy), Counts(dir.filePath("p")));
     }
 
+    void aCopyThatLosesDataKeepsItsPartName() {
+        // The writer leaves out an object without geometry; the read-back check sees it gone.
+        QByteArray document = Document("2024-01-01T00:00:00", "E", "E1");
+        document.replace(R"(<object3D ID="E1" name="o"/>)", R"(<object3D ID="E1" name="o"/><object3D ID="E2" name="empty"/>)");
+        QVERIFY(Write(dir.filePath("lossy/e.oxaxml"), document));
+        const QString output = dir.filePath("lossy-copy.oxaxml");
+        const CliResult result = run_cli({"convert", dir.filePath("lossy/e.oxaxml"), output});
+        QCOMPARE(result.code, 1);
+        QVERIFY2(result.err.contains("objects 2 written, 1 read back"), qPrintable(result.err));
+        QVERIFY(!QFile::exists(output));
+        QVERIFY(QFile::exists(output + ".part"));
+        QCOMPARE(run_cli({"convert", "--no-verify", dir.filePath("lossy/e.oxaxml"), output}).code, 0);
+        QVERIFY(QFile::exists(output));
+    }
+
     void sampleProjectIsMadeByTheLibraryAndBundled() {
         const QString made = dir.filePath("sample");
         QCOMPARE(run_cli({"sample", made}).code, 0);
