@@ -3,7 +3,7 @@
 #include "support/CliRun.h"
 
 /// The command-line tool as a script would use it: output, exit codes, usage errors.
-class TestCli : public QObject {
+class tst_cli : public QObject {
     Q_OBJECT
 
     static CliResult run(const QStringList& arguments) { return run_cli(arguments); }
@@ -37,5 +37,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestCli)
+QTEST_GUILESS_MAIN(tst_cli)
 #include "tst_cli.moc"

@@ -17,7 +17,7 @@
 using namespace w3ds;
 
 /// `info` and `convert` on 3DS files, as a script would use them.
-class TestCli3ds : public QObject {
+class tst_cli_3ds : public QObject {
     Q_OBJECT
 
     static CliResult run(const QStringList& arguments) { return run_cli(arguments); }
@@ -148,5 +148,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestCli3ds)
+QTEST_GUILESS_MAIN(tst_cli_3ds)
 #include "tst_cli_3ds.moc"

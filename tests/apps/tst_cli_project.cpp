@@ -34,7 +34,7 @@ QJsonObject Counts(const QString& path, const QString& directory = QString()) {
 
 } // namespace
 
-class TestCliProject : public QObject {
+class tst_cli_project : public QObject {
     Q_OBJECT
 
     QTemporaryDir dir;
@@ -153,5 +153,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestCliProject)
+QTEST_GUILESS_MAIN(tst_cli_project)
 #include "tst_cli_project.moc"

@@ -4,7 +4,7 @@
 #include "support/CliRun.h"
 
 /// `zentra info` as a script would use it: the head of each document, errors and exit codes.
-class TestInfoCommand : public QObject {
+class tst_info_command : public QObject {
     Q_OBJECT
 
     static CliResult run(const QStringList& arguments) { return run_cli(QStringList{"info"} + arguments); }
@@ -50,5 +50,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestInfoCommand)
+QTEST_GUILESS_MAIN(tst_info_command)
 #include "tst_info_command.moc"

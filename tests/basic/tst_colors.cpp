@@ -8,7 +8,7 @@ using namespace basic;
 
 /// Colour conversions with their deliberate asymmetries: the QColor is always opaque, and a
 /// colour4 made from a QColor always has alpha 0.
-class TestColors : public QObject {
+class tst_colors : public QObject {
     Q_OBJECT
 private slots:
     void to_qcolor_truncates_and_is_opaque_data() {
@@ -65,5 +65,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestColors)
+QTEST_GUILESS_MAIN(tst_colors)
 #include "tst_colors.moc"

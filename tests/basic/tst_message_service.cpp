@@ -10,7 +10,7 @@ using ChannelCall = std::function<void(const MessageService&)>;
 Q_DECLARE_METATYPE(ChannelCall)
 
 /// The channel as a host sees it: which signals arrive, in which order, with which arguments.
-class TestMessageService : public QObject {
+class tst_message_service : public QObject {
     Q_OBJECT
 
     /// Writes every signal of the channel as one line "name(arguments)" in arrival order.
@@ -99,5 +99,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestMessageService)
+QTEST_GUILESS_MAIN(tst_message_service)
 #include "tst_message_service.moc"

@@ -8,7 +8,7 @@
 
 using namespace basic;
 
-class TestNumeric : public QObject {
+class tst_numeric : public QObject {
     Q_OBJECT
 private slots:
     void sign() {
@@ -81,5 +81,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestNumeric)
+QTEST_GUILESS_MAIN(tst_numeric)
 #include "tst_numeric.moc"

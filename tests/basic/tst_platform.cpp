@@ -6,7 +6,7 @@
 #include <QGuiApplication>
 #include <QtTest>
 
-class TestPlatform : public QObject {
+class tst_platform : public QObject {
     Q_OBJECT
 private slots:
     void application_id_needs_the_variable() {
@@ -39,5 +39,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestPlatform)
+QTEST_GUILESS_MAIN(tst_platform)
 #include "tst_platform.moc"

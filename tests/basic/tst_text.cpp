@@ -8,7 +8,7 @@
 using namespace basic;
 
 /// Identifiers and the text border between the document layer and the model layer.
-class TestText : public QObject {
+class tst_text : public QObject {
     Q_OBJECT
 private slots:
     void identifiers_share_the_process_prefix() {
@@ -85,5 +85,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestText)
+QTEST_GUILESS_MAIN(tst_text)
 #include "tst_text.moc"

@@ -7,7 +7,7 @@
 using namespace basic;
 
 /// The unit table is part of the exchange format: every value, text and factor is checked.
-class TestUnits : public QObject {
+class tst_units : public QObject {
     Q_OBJECT
 private slots:
     void table_data() {
@@ -58,5 +58,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestUnits)
+QTEST_GUILESS_MAIN(tst_units)
 #include "tst_units.moc"

@@ -104,7 +104,7 @@ bool close(const Vector& a, const Vector& b, double tolerance) {
 
 } // namespace
 
-class TestOBB : public QObject {
+class tst_obb : public QObject {
     Q_OBJECT
 
 private slots:
@@ -422,5 +422,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestOBB)
+QTEST_GUILESS_MAIN(tst_obb)
 #include "tst_obb.moc"

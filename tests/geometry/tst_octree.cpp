@@ -76,7 +76,7 @@ QList<Point*> walk_all(const Octree& tree) {
 
 } // namespace
 
-class TestOctree : public QObject {
+class tst_octree : public QObject {
     Q_OBJECT
 
 private slots:
@@ -418,5 +418,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestOctree)
+QTEST_GUILESS_MAIN(tst_octree)
 #include "tst_octree.moc"

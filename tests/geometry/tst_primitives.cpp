@@ -26,7 +26,7 @@ bool close(const Vector& a, const Vector& b) {
 }
 } // namespace
 
-class TestPrimitives : public QObject {
+class tst_primitives : public QObject {
     Q_OBJECT
 
 private slots:
@@ -263,5 +263,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestPrimitives)
+QTEST_GUILESS_MAIN(tst_primitives)
 #include "tst_primitives.moc"

@@ -12,7 +12,7 @@
 
 /// The mesh classes come back from their XML text as their own class, registered in the store
 /// given, with their published properties restored.
-class TestXmlToObject : public QObject {
+class tst_xml_to_object : public QObject {
     Q_OBJECT
 private slots:
     void init();
@@ -27,21 +27,21 @@ private:
     model::RepositoryP* store = nullptr;
 };
 
-void TestXmlToObject::init() {
+void tst_xml_to_object::init() {
     source = std::make_unique<model::System>(false);
     target = std::make_unique<model::System>(false);
     store = new model::RepositoryP(target.get());
     QVERIFY(target->add_repository(store, "store"));
 }
 
-void TestXmlToObject::cleanup() {
+void tst_xml_to_object::cleanup() {
     target->remove_repository("store");
     delete store;
     target.reset();
     source.reset();
 }
 
-void TestXmlToObject::material_comes_back_with_its_name_and_defaults() {
+void tst_xml_to_object::material_comes_back_with_its_name_and_defaults() {
     mesh3D::Material original(source.get(), "mat-7", "Brick red");
     original.diffuse(basic::color4{0.5f, 0.1f, 0.1f, 0.0f});
     original.increase_property_version("Name");
@@ -59,7 +59,7 @@ void TestXmlToObject::material_comes_back_with_its_name_and_defaults() {
     QCOMPARE(made->transparency(), 0.0);
 }
 
-void TestXmlToObject::surface_and_container_come_back_as_their_class() {
+void tst_xml_to_object::surface_and_container_come_back_as_their_class() {
     mesh3D::Container parent(nullptr, source.get(), "box", "Box");
     parent.version(3);
     mesh3D::Surface surface(&parent, source.get(), "wall", basic::unit_m);
@@ -82,7 +82,7 @@ void TestXmlToObject::surface_and_container_come_back_as_their_class() {
     QCOMPARE(store->object("wall"), made.get());
 }
 
-void TestXmlToObject::a_text_naming_foreign_properties_leaves_nothing_behind() {
+void tst_xml_to_object::a_text_naming_foreign_properties_leaves_nothing_behind() {
     mesh3D::Material material(source.get(), "mat-1", "Glass");
     // A container publishes no "Name", so a material's text does not fit it.
     QVERIFY_EXCEPTION_THROWN(mesh3D::Container::xml_to_object(store, material.object_to_xml()),
@@ -90,5 +90,5 @@ void TestXmlToObject::a_text_naming_foreign_properties_leaves_nothing_behind() {
     QVERIFY(!store->contains("mat-1"));
 }
 
-QTEST_GUILESS_MAIN(TestXmlToObject)
+QTEST_GUILESS_MAIN(tst_xml_to_object)
 #include "tst_xml_to_object.moc"

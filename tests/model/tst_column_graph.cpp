@@ -35,7 +35,7 @@ QStringList chain_between(const System& system, const QString& from, const QStri
 
 } // namespace
 
-class TestColumnGraph : public QObject {
+class tst_column_graph : public QObject {
     Q_OBJECT
 private slots:
     void entries_stand_in_one_row_and_one_column();
@@ -50,7 +50,7 @@ private slots:
     void removed_link_stays_until_the_next_rebuild();
 };
 
-void TestColumnGraph::entries_stand_in_one_row_and_one_column() {
+void tst_column_graph::entries_stand_in_one_row_and_one_column() {
     IntGraph g;
     g.set(1, 2, 12);
     g.set(1, 3, 13);
@@ -87,7 +87,7 @@ void TestColumnGraph::entries_stand_in_one_row_and_one_column() {
     QVERIFY(moved.get(1, 3).is_null());
 }
 
-void TestColumnGraph::missing_entries_and_rows_are_shared_null_objects() {
+void tst_column_graph::missing_entries_and_rows_are_shared_null_objects() {
     IntGraph g;
     g.set(1, 2, 5);
     QVERIFY(g.get(2, 1).is_null());
@@ -98,7 +98,7 @@ void TestColumnGraph::missing_entries_and_rows_are_shared_null_objects() {
     QVERIFY(!g.get(1, 2).is_null());
 }
 
-void TestColumnGraph::multiply_over_the_kept_keys() {
+void tst_column_graph::multiply_over_the_kept_keys() {
     // A path 1 - 2 - 3 - 4 in both directions.
     IntGraph adjacency;
     for (int key = 1; key < 4; ++key) {
@@ -128,7 +128,7 @@ void TestColumnGraph::multiply_over_the_kept_keys() {
     QVERIFY(without_three.entries().isEmpty());
 }
 
-void TestColumnGraph::merge_adds_where_both_have_entries() {
+void tst_column_graph::merge_adds_where_both_have_entries() {
     Counting counting;
     IntGraph g;
     g.set(1, 2, 3);
@@ -145,7 +145,7 @@ void TestColumnGraph::merge_adds_where_both_have_entries() {
     QCOMPARE(g.entries().size(), 2);
 }
 
-void TestColumnGraph::algebra_keeps_the_shorter_chain_and_the_later_on_a_tie() {
+void tst_column_graph::algebra_keeps_the_shorter_chain_and_the_later_on_a_tie() {
     LinkedColumns fixture;
     QSColumnObject* a = fixture.column("a");
     QSColumnObject* b = fixture.column("b");
@@ -176,7 +176,7 @@ void TestColumnGraph::algebra_keeps_the_shorter_chain_and_the_later_on_a_tie() {
     QCOMPARE(g.get(a, b).value, &ab);
 }
 
-void TestColumnGraph::shortest_chains_data() {
+void tst_column_graph::shortest_chains_data() {
     QTest::addColumn<QStringList>("links");
     QTest::addColumn<QString>("from");
     QTest::addColumn<QString>("to");
@@ -203,7 +203,7 @@ void TestColumnGraph::shortest_chains_data() {
                                              << "d" << QStringList{"a", "e", "d"};
 }
 
-void TestColumnGraph::shortest_chains() {
+void tst_column_graph::shortest_chains() {
     QFETCH(QStringList, links);
     LinkedColumns fixture;
     QHash<QString, QSColumnObject*> by_name;
@@ -220,7 +220,7 @@ void TestColumnGraph::shortest_chains() {
     QCOMPARE(fixture.system.graph().key_list().size(), by_name.size());
 }
 
-void TestColumnGraph::every_linked_column_reaches_itself_out_and_back() {
+void tst_column_graph::every_linked_column_reaches_itself_out_and_back() {
     LinkedColumns fixture;
     QSColumnObject* s = fixture.column("s");
     QSColumnObject* p = fixture.column("p");
@@ -233,10 +233,12 @@ void TestColumnGraph::every_linked_column_reaches_itself_out_and_back() {
     QCOMPARE(around_s.size(), 3);
     QCOMPARE(around_s.first(), QString("s"));
     QCOMPARE(around_s.last(), QString("s"));
+    // s has two neighbours at the same distance; which one the search meets first depends on
+    // the hash order of the links, which the graph does not define, so either is a valid path.
     QVERIFY(around_s.at(1) == "p" || around_s.at(1) == "q");
 }
 
-void TestColumnGraph::unlinked_columns_are_keys_without_entries() {
+void tst_column_graph::unlinked_columns_are_keys_without_entries() {
     LinkedColumns fixture;
     QSColumnObject* a = fixture.column("a");
     QSColumnObject* b = fixture.column("b");
@@ -250,7 +252,7 @@ void TestColumnGraph::unlinked_columns_are_keys_without_entries() {
     QVERIFY(!graph.get(a, c).is_null());
 }
 
-void TestColumnGraph::removed_link_stays_until_the_next_rebuild() {
+void tst_column_graph::removed_link_stays_until_the_next_rebuild() {
     LinkedColumns fixture;
     QSColumnObject* a = fixture.column("a");
     QSColumnObject* b = fixture.column("b");
@@ -269,5 +271,5 @@ void TestColumnGraph::removed_link_stays_until_the_next_rebuild() {
     QCOMPARE(chain_between(fixture.system, "c", "b"), (QStringList{"c", "b"}));
 }
 
-QTEST_GUILESS_MAIN(TestColumnGraph)
+QTEST_GUILESS_MAIN(tst_column_graph)
 #include "tst_column_graph.moc"

@@ -74,7 +74,7 @@ static ColumnState state_of(const QSColumnAbstract* column) {
     return {column->active(), column->filtered(), order};
 }
 
-class TestColumns : public QObject {
+class tst_columns : public QObject {
     Q_OBJECT
 private slots:
     void columns_register_by_name_and_items_by_object();
@@ -98,7 +98,7 @@ private slots:
     void table_model_refuses_cells_outside_the_table();
 };
 
-void TestColumns::columns_register_by_name_and_items_by_object() {
+void tst_columns::columns_register_by_name_and_items_by_object() {
     LinkedColumns fixture;
     QSColumnObject* tiles = fixture.column("tiles");
     QCOMPARE(fixture.system.qs_columns().value("tiles"), tiles);
@@ -134,7 +134,7 @@ void TestColumns::columns_register_by_name_and_items_by_object() {
     QVERIFY(fixture.system.qs_columns().contains("tiles"));
 }
 
-void TestColumns::top_level_filter_reaches_every_linked_column_data() {
+void tst_columns::top_level_filter_reaches_every_linked_column_data() {
     QTest::addColumn<QString>("start");
     QTest::addColumn<QStringList>("chosen");
     QTest::addColumn<QStringList>("a");
@@ -154,7 +154,7 @@ void TestColumns::top_level_filter_reaches_every_linked_column_data() {
         << QStringList{"d0"};
 }
 
-void TestColumns::top_level_filter_reaches_every_linked_column() {
+void tst_columns::top_level_filter_reaches_every_linked_column() {
     QFETCH(QString, start);
     QFETCH(QStringList, chosen);
     Chain chain;
@@ -179,7 +179,7 @@ void TestColumns::top_level_filter_reaches_every_linked_column() {
     QVERIFY(chain.system.handled_columns().isEmpty());
 }
 
-void TestColumns::star_filter_deactivates_unreached_columns() {
+void tst_columns::star_filter_deactivates_unreached_columns() {
     Star star;
     QVERIFY(star.linked);
     QSColumnObject* unlinked = star.column("lone");
@@ -206,7 +206,7 @@ void TestColumns::star_filter_deactivates_unreached_columns() {
     QCOMPARE(cell(star.r->model(), 0, 3), QString());
 }
 
-void TestColumns::reached_column_with_no_active_choice_is_left_unchanged() {
+void tst_columns::reached_column_with_no_active_choice_is_left_unchanged() {
     Chain chain;
     QVERIFY(chain.linked);
     chain.choose(chain.a, {"a1"});
@@ -224,13 +224,13 @@ void TestColumns::reached_column_with_no_active_choice_is_left_unchanged() {
     QCOMPARE(chain.d->active(), 0);
 }
 
-void TestColumns::filter_that_changes_nothing_data() {
+void tst_columns::filter_that_changes_nothing_data() {
     QTest::addColumn<QList<int>>("places");
     QTest::newRow("no places") << QList<int>{};
     QTest::newRow("all past the active rows") << QList<int>{2, 1};
 }
 
-void TestColumns::filter_that_changes_nothing() {
+void tst_columns::filter_that_changes_nothing() {
     QFETCH(QList<int>, places);
     Chain chain;
     chain.choose(chain.b, {"b0"});
@@ -248,7 +248,7 @@ void TestColumns::filter_that_changes_nothing() {
     }
 }
 
-void TestColumns::indices_are_taken_while_they_lie_in_the_active_rows_data() {
+void tst_columns::indices_are_taken_while_they_lie_in_the_active_rows_data() {
     QTest::addColumn<QList<int>>("places");
     QTest::addColumn<QStringList>("active");
     QTest::newRow("in order") << QList<int>{0, 2} << QStringList{"x0", "x2"};
@@ -259,7 +259,7 @@ void TestColumns::indices_are_taken_while_they_lie_in_the_active_rows_data() {
     QTest::newRow("negative ones passed over") << QList<int>{-3, 2, -1} << QStringList{"x2"};
 }
 
-void TestColumns::indices_are_taken_while_they_lie_in_the_active_rows() {
+void tst_columns::indices_are_taken_while_they_lie_in_the_active_rows() {
     QFETCH(QList<int>, places);
     LinkedColumns fixture;
     QSColumnObject* names = fixture.column("names");
@@ -272,7 +272,7 @@ void TestColumns::indices_are_taken_while_they_lie_in_the_active_rows() {
     QCOMPARE(names->filtered(), 3);
 }
 
-void TestColumns::adding_reactivates_but_keeps_the_high_water_mark() {
+void tst_columns::adding_reactivates_but_keeps_the_high_water_mark() {
     Chain chain;
     chain.choose(chain.c, {"c0", "c1"});
     chain.choose(chain.c, {"c1"});
@@ -284,7 +284,7 @@ void TestColumns::adding_reactivates_but_keeps_the_high_water_mark() {
     QCOMPARE(chain.c->index(chain.at(chain.c, "c3")), 3);
 }
 
-void TestColumns::clear_selection_restores_every_column_and_renumbers_pivots() {
+void tst_columns::clear_selection_restores_every_column_and_renumbers_pivots() {
     Chain chain;
     QSModelPivotTable pivot(&chain.system);
     pivot.add_column(chain.a);
@@ -303,7 +303,7 @@ void TestColumns::clear_selection_restores_every_column_and_renumbers_pivots() {
     QCOMPARE(pivot.rowCount(), 3);
 }
 
-void TestColumns::matches_wildcards_in_active_rows_data() {
+void tst_columns::matches_wildcards_in_active_rows_data() {
     QTest::addColumn<QString>("pattern");
     QTest::addColumn<QStringList>("found");
     QTest::newRow("searched inside the text") << "a*" << QStringList{"xab", "ab"};
@@ -313,7 +313,7 @@ void TestColumns::matches_wildcards_in_active_rows_data() {
     QTest::newRow("nothing") << "z" << QStringList{};
 }
 
-void TestColumns::matches_wildcards_in_active_rows() {
+void tst_columns::matches_wildcards_in_active_rows() {
     QFETCH(QString, pattern);
     LinkedColumns fixture;
     QSColumnObject* names = fixture.column("names");
@@ -327,7 +327,7 @@ void TestColumns::matches_wildcards_in_active_rows() {
     QTEST(found, "found");
 }
 
-void TestColumns::removing_an_object_unlinks_its_item() {
+void tst_columns::removing_an_object_unlinks_its_item() {
     Chain chain;
     QSItemObject* b1 = chain.at(chain.b, "b1");
     QCOMPARE(b1->links().size(), 2);
@@ -350,7 +350,7 @@ void TestColumns::removing_an_object_unlinks_its_item() {
     QCOMPARE(chain.c->edges().size(), 2);
 }
 
-void TestColumns::sort_orders_by_identifier() {
+void tst_columns::sort_orders_by_identifier() {
     LinkedColumns fixture;
     QSColumnObject* names = fixture.column("names");
     for (const char* id : {"b", "a", "C", "aa"})
@@ -362,7 +362,7 @@ void TestColumns::sort_orders_by_identifier() {
     QCOMPARE(shown, (QStringList{"C", "a", "aa", "b"}));
 }
 
-void TestColumns::table_model_headers() {
+void tst_columns::table_model_headers() {
     LinkedColumns fixture;
     const QAbstractItemModel* shown = fixture.column("names")->model();
     QCOMPARE(shown->columnCount(), 4);
@@ -375,7 +375,7 @@ void TestColumns::table_model_headers() {
     QVERIFY(!shown->headerData(0, Qt::Horizontal, Qt::ToolTipRole).isValid());
 }
 
-void TestColumns::table_model_shows_the_three_states_data() {
+void tst_columns::table_model_shows_the_three_states_data() {
     QTest::addColumn<int>("row");
     QTest::addColumn<QString>("filter_text");
     QTest::addColumn<QString>("active_text");
@@ -390,7 +390,7 @@ void TestColumns::table_model_shows_the_three_states_data() {
                          << "" << QVariant(QColor(50, 100, 180, 255)) << QVariant(QColor(80, 80, 120, 255));
 }
 
-void TestColumns::table_model_shows_the_three_states() {
+void tst_columns::table_model_shows_the_three_states() {
     QFETCH(int, row);
     QFETCH(QVariant, background);
     QFETCH(QVariant, foreground);
@@ -416,7 +416,7 @@ void TestColumns::table_model_shows_the_three_states() {
     }
 }
 
-void TestColumns::table_model_refuses_cells_outside_the_table() {
+void tst_columns::table_model_refuses_cells_outside_the_table() {
     Chain chain;
     QAbstractItemModel* shown = chain.d->model();
     QVERIFY(!shown->data(QModelIndex()).isValid());
@@ -432,5 +432,5 @@ void TestColumns::table_model_refuses_cells_outside_the_table() {
     QVERIFY(!shown->data(gone, Qt::FontRole).isValid());
 }
 
-QTEST_GUILESS_MAIN(TestColumns)
+QTEST_GUILESS_MAIN(tst_columns)
 #include "tst_columns.moc"

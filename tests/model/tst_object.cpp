@@ -10,7 +10,7 @@
 
 using namespace model;
 
-class TestObject : public QObject {
+class tst_object : public QObject {
     Q_OBJECT
 private slots:
     void fresh_object_publishes_only_its_identifier();
@@ -39,7 +39,7 @@ private slots:
     void element_type_texts();
 };
 
-void TestObject::fresh_object_publishes_only_its_identifier() {
+void tst_object::fresh_object_publishes_only_its_identifier() {
     System system(true);
     Object plain(&system);
     QStringList names;
@@ -61,7 +61,7 @@ void TestObject::fresh_object_publishes_only_its_identifier() {
     QCOMPARE(static_cast<Primitive&>(id).get(), plain.id());
 }
 
-void TestObject::each_kind_is_activated_once_on_first_use_data() {
+void tst_object::each_kind_is_activated_once_on_first_use_data() {
     QTest::addColumn<QString>("name");
     QTest::addColumn<int>("type");
     QTest::newRow("primitive") << "name" << int(PRIMITIVE_ELEMENT);
@@ -71,7 +71,7 @@ void TestObject::each_kind_is_activated_once_on_first_use_data() {
     QTest::newRow("set") << "tags" << int(SET_ELEMENT);
 }
 
-void TestObject::each_kind_is_activated_once_on_first_use() {
+void tst_object::each_kind_is_activated_once_on_first_use() {
     QFETCH(QString, name);
     QFETCH(int, type);
     System system(true);
@@ -90,7 +90,7 @@ void TestObject::each_kind_is_activated_once_on_first_use() {
     QCOMPARE(first.id(), "s1." + name);
 }
 
-void TestObject::kinds_forward_to_the_owner() {
+void tst_object::kinds_forward_to_the_owner() {
     System system(true);
     SampleObject sample(&system, "s1");
     sample.name = "Wall";
@@ -129,7 +129,7 @@ void TestObject::kinds_forward_to_the_owner() {
     QVERIFY(!sample.property("name").variant_value().isValid());
 }
 
-void TestObject::set_raises_versions_and_restore_does_not() {
+void tst_object::set_raises_versions_and_restore_does_not() {
     System system(true);
     SampleObject sample(&system, "s1");
     auto& name = static_cast<Primitive&>(sample.property("name"));
@@ -142,7 +142,7 @@ void TestObject::set_raises_versions_and_restore_does_not() {
     QCOMPARE(sample.version(), 1L);
 }
 
-void TestObject::increase_property_version_counts_per_property() {
+void tst_object::increase_property_version_counts_per_property() {
     System system(true);
     SampleObject sample(&system, "s1");
     QCOMPARE(sample.increase_property_version("ID"), 1L);
@@ -155,7 +155,7 @@ void TestObject::increase_property_version_counts_per_property() {
     QCOMPARE(sample.version(), 3L);
 }
 
-void TestObject::unknown_members_throw_catchable_as_basic_exception() {
+void tst_object::unknown_members_throw_catchable_as_basic_exception() {
     System system(true);
     SampleObject sample(&system, "s1");
     try {
@@ -175,7 +175,7 @@ void TestObject::unknown_members_throw_catchable_as_basic_exception() {
     QVERIFY(sample.methods().isEmpty());
 }
 
-void TestObject::copy_gets_new_identity_and_no_members() {
+void tst_object::copy_gets_new_identity_and_no_members() {
     System system(true);
     SampleObject sample(&system, "s1");
     sample.increase_property_version("name");
@@ -191,7 +191,7 @@ void TestObject::copy_gets_new_identity_and_no_members() {
     QCOMPARE(copy.name, sample.name);
 }
 
-void TestObject::destruction_and_delete_object_leave_the_repository() {
+void tst_object::destruction_and_delete_object_leave_the_repository() {
     System system(true);
     auto* deleted = new SampleObject(&system, "gone");
     deleted->property("items");
@@ -211,7 +211,7 @@ void TestObject::destruction_and_delete_object_leave_the_repository() {
     QCOMPARE(loose.property("ID").id(), QString("loose.ID"));
 }
 
-void TestObject::property_list_with_pattern() {
+void tst_object::property_list_with_pattern() {
     System system(true);
     SampleObject sample(&system, "s1");
     QStringList out{"kept"};
@@ -224,7 +224,7 @@ void TestObject::property_list_with_pattern() {
     QVERIFY(out.isEmpty());
 }
 
-void TestObject::superclasses_run_from_the_root() {
+void tst_object::superclasses_run_from_the_root() {
     System system(true);
     SampleObject sample(&system, "s1");
     QStringList bases;
@@ -235,7 +235,7 @@ void TestObject::superclasses_run_from_the_root() {
     QCOMPARE(Object(&system).class_hashcode(), long(basic::hash_text("model::Object")));
 }
 
-void TestObject::object_to_xml_of_a_plain_object() {
+void tst_object::object_to_xml_of_a_plain_object() {
     System system(true);
     Object plain(&system, "p1");
     QCOMPARE(plain.object_to_xml(), QString("<object ID=\"p1\" VERSION=\"0\">\n"
@@ -244,7 +244,7 @@ void TestObject::object_to_xml_of_a_plain_object() {
                                             "</object>"));
 }
 
-void TestObject::object_to_xml_of_every_kind() {
+void tst_object::object_to_xml_of_every_kind() {
     System system(true);
     SampleObject sample(&system, "s1");
     static_cast<Primitive&>(sample.property("name")).set("Wall & <Door>");
@@ -287,7 +287,7 @@ void TestObject::object_to_xml_of_every_kind() {
     QVERIFY(sample.properties().contains("area"));
 }
 
-void TestObject::object_to_xml_reports_and_skips_missing_members() {
+void tst_object::object_to_xml_reports_and_skips_missing_members() {
     System system(true);
     SampleObject sample(&system, "s1");
     sample.publish_ghost = true;
@@ -296,7 +296,7 @@ void TestObject::object_to_xml_reports_and_skips_missing_members() {
     QVERIFY(xml.endsWith("<method name=\"recompute\" VERSION=\"0\">\n</method>\n</object>"));
 }
 
-void TestObject::to_xml_of_a_list_without_elements() {
+void tst_object::to_xml_of_a_list_without_elements() {
     System system(true);
     Object plain(&system, "p1");
     List list("l", &plain, 2, false);
@@ -308,7 +308,7 @@ void TestObject::to_xml_of_a_list_without_elements() {
     QCOMPARE(set.to_xml(), QString("<set name=\"s\" VERSION=\"0\">\n</set>"));
 }
 
-void TestObject::set_update_method_splits_the_path_data() {
+void tst_object::set_update_method_splits_the_path_data() {
     QTest::addColumn<QString>("path");
     QTest::addColumn<bool>("implicit");
     QTest::addColumn<QString>("full");
@@ -324,7 +324,7 @@ void TestObject::set_update_method_splits_the_path_data() {
     QTest::newRow("none") << "" << false << "p1::" << "<primitive name=\"ID\" VERSION=\"0\">p1</primitive>";
 }
 
-void TestObject::set_update_method_splits_the_path() {
+void tst_object::set_update_method_splits_the_path() {
     QFETCH(QString, path);
     QFETCH(bool, implicit);
     QFETCH(QString, full);
@@ -339,7 +339,7 @@ void TestObject::set_update_method_splits_the_path() {
     QCOMPARE(id.to_xml(), xml);
 }
 
-void TestObject::resolve_update_method() {
+void tst_object::resolve_update_method() {
     System system(true);
     SampleObject owner(&system, "s1");
     SampleObject other(&system, "s2");
@@ -372,7 +372,7 @@ void TestObject::resolve_update_method() {
     QVERIFY_EXCEPTION_THROWN(name.resolve_update_method(), basic::Exception);
 }
 
-void TestObject::method_path_bookkeeping() {
+void tst_object::method_path_bookkeeping() {
     System system(true);
     SampleObject sample(&system, "s1");
     Method& method = sample.method("recompute");
@@ -410,7 +410,7 @@ void TestObject::method_path_bookkeeping() {
     QCOMPARE(method.parameters().first()->type, 3);
 }
 
-void TestObject::method_subupdate_properties_follow_references_and_lists() {
+void tst_object::method_subupdate_properties_follow_references_and_lists() {
     System system(true);
     SampleObject sample(&system, "s1");
     sample.next = "s2";
@@ -424,7 +424,7 @@ void TestObject::method_subupdate_properties_follow_references_and_lists() {
     QCOMPARE(method.subupdate_properties(&system), (QStringList{"s2.name", "s3.tags", "s4.tags"}));
 }
 
-void TestObject::method_to_xml_and_invoke() {
+void tst_object::method_to_xml_and_invoke() {
     System system(true);
     SampleObject sample(&system, "s1");
     Method& method = sample.method("recompute");
@@ -438,7 +438,7 @@ void TestObject::method_to_xml_and_invoke() {
     QCOMPARE(method.info(), QString(""));
 }
 
-void TestObject::print_of_an_object() {
+void tst_object::print_of_an_object() {
     System system(true);
     SampleObject sample(&system, "s1");
     sample.name = "Wall";
@@ -490,7 +490,7 @@ void TestObject::print_of_an_object() {
     QVERIFY(text.endsWith("info                [Baseclass of all objects.]\n"));
 }
 
-void TestObject::print_of_a_method() {
+void tst_object::print_of_a_method() {
     System system(true);
     SampleObject sample(&system, "s1");
     sample.next = "s2";
@@ -525,12 +525,12 @@ void TestObject::print_of_a_method() {
     QVERIFY(text.contains("needs subupdate  [false]\ninput properties :\n  s1.name\noutput"));
 }
 
-void TestObject::element_type_texts() {
+void tst_object::element_type_texts() {
     const QStringList expected{"elementtype_unknown", "map", "list", "set", "primitive",
                                "reference", "object", "method", "elementtype_unknown"};
     for (int type = 0; type <= 8; ++type)
         QCOMPARE(element_type_text(type), expected.at(type));
 }
 
-QTEST_GUILESS_MAIN(TestObject)
+QTEST_GUILESS_MAIN(tst_object)
 #include "tst_object.moc"

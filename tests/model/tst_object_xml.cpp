@@ -33,7 +33,7 @@ QString wrap(const QString& body) {
 
 } // namespace
 
-class TestObjectXml : public QObject {
+class tst_object_xml : public QObject {
     Q_OBJECT
 private slots:
     void round_trip_of_every_kind();
@@ -54,7 +54,7 @@ private slots:
     void loader_reports_a_bad_path_and_a_missing_function();
 };
 
-void TestObjectXml::round_trip_of_every_kind() {
+void tst_object_xml::round_trip_of_every_kind() {
     System system(true);
     SampleObject source(&system, "sample-1");
     fill(source);
@@ -83,7 +83,7 @@ void TestObjectXml::round_trip_of_every_kind() {
     QCOMPARE(copy.id(), QString("copy"));
 }
 
-void TestObjectXml::text_is_trimmed_and_element_names_folded() {
+void tst_object_xml::text_is_trimmed_and_element_names_folded() {
     System system(true);
     SampleObject sample(&system, "s");
     sample.activate_from_xmldata(
@@ -94,7 +94,7 @@ void TestObjectXml::text_is_trimmed_and_element_names_folded() {
     QCOMPARE(sample.version(), 3L);
 }
 
-void TestObjectXml::entries_restore_only_inside_the_matching_element_data() {
+void tst_object_xml::entries_restore_only_inside_the_matching_element_data() {
     QTest::addColumn<QString>("body");
     QTest::addColumn<QStringList>("items");
     QTest::addColumn<QStringList>("tags");
@@ -120,7 +120,7 @@ void TestObjectXml::entries_restore_only_inside_the_matching_element_data() {
         << QStringList{};
 }
 
-void TestObjectXml::entries_restore_only_inside_the_matching_element() {
+void tst_object_xml::entries_restore_only_inside_the_matching_element() {
     QFETCH(QString, body);
     System system(true);
     SampleObject sample(&system, "s");
@@ -130,7 +130,7 @@ void TestObjectXml::entries_restore_only_inside_the_matching_element() {
     QTEST(QStringList(sample.attributes.keys()), "attribute_keys");
 }
 
-void TestObjectXml::unknown_property_throws_and_keeps_what_came_before_data() {
+void tst_object_xml::unknown_property_throws_and_keeps_what_came_before_data() {
     QTest::addColumn<QString>("body");
     QTest::addColumn<QString>("message");
     QTest::newRow("unknown name") << "<primitive name=\"name\">kept</primitive><set name=\"colour\"/>"
@@ -141,7 +141,7 @@ void TestObjectXml::unknown_property_throws_and_keeps_what_came_before_data() {
         << "No such property []";
 }
 
-void TestObjectXml::unknown_property_throws_and_keeps_what_came_before() {
+void tst_object_xml::unknown_property_throws_and_keeps_what_came_before() {
     QFETCH(QString, body);
     QFETCH(QString, message);
     System system(true);
@@ -157,7 +157,7 @@ void TestObjectXml::unknown_property_throws_and_keeps_what_came_before() {
     QCOMPARE(sample.version(), 0L);
 }
 
-void TestObjectXml::malformed_text_stops_silently_and_still_sets_the_version() {
+void tst_object_xml::malformed_text_stops_silently_and_still_sets_the_version() {
     System system(true);
     SampleObject sample(&system, "s");
     sample.activate_from_xmldata(wrap(
@@ -168,7 +168,7 @@ void TestObjectXml::malformed_text_stops_silently_and_still_sets_the_version() {
     QCOMPARE(sample.version(), 3L);
 }
 
-void TestObjectXml::xml_to_object_makes_a_registered_plain_object() {
+void tst_object_xml::xml_to_object_makes_a_registered_plain_object() {
     System system(true);
     Object source(&system, "plain-1");
     source.version(41);
@@ -191,7 +191,7 @@ void TestObjectXml::xml_to_object_makes_a_registered_plain_object() {
     delete store;
 }
 
-void TestObjectXml::xml_to_object_leaves_nothing_behind_on_failure() {
+void tst_object_xml::xml_to_object_leaves_nothing_behind_on_failure() {
     System system(true);
     SampleObject source(&system, "sample-1");
     fill(source);
@@ -206,7 +206,7 @@ void TestObjectXml::xml_to_object_leaves_nothing_behind_on_failure() {
     delete store;
 }
 
-void TestObjectXml::extractors_data() {
+void tst_object_xml::extractors_data() {
     QTest::addColumn<QString>("xml");
     QTest::addColumn<QString>("id");
     QTest::addColumn<long>("version");
@@ -227,14 +227,14 @@ void TestObjectXml::extractors_data() {
                                           << "q" << 0L << "";
 }
 
-void TestObjectXml::extractors() {
+void tst_object_xml::extractors() {
     QFETCH(QString, xml);
     QTEST(xml_object_id(xml), "id");
     QTEST(xml_object_version(xml), "version");
     QTEST(xml_classname(xml), "classname");
 }
 
-void TestObjectXml::remove_duplicates_keeps_first_occurrences_data() {
+void tst_object_xml::remove_duplicates_keeps_first_occurrences_data() {
     QTest::addColumn<QStringList>("list");
     QTest::addColumn<QStringList>("expected");
     QTest::newRow("empty") << QStringList{} << QStringList{};
@@ -245,7 +245,7 @@ void TestObjectXml::remove_duplicates_keeps_first_occurrences_data() {
     QTest::newRow("case matters") << QStringList{"A", "a", "A"} << QStringList{"A", "a"};
 }
 
-void TestObjectXml::remove_duplicates_keeps_first_occurrences() {
+void tst_object_xml::remove_duplicates_keeps_first_occurrences() {
     QFETCH(QStringList, list);
     remove_duplicates(list);
     QTEST(list, "expected");
@@ -258,7 +258,7 @@ struct TestAlgorithm {
 };
 } // namespace
 
-void TestObjectXml::loader_creates_the_algorithm_of_a_library() {
+void tst_object_xml::loader_creates_the_algorithm_of_a_library() {
     OutputCapture errors(stderr);
     OutputCapture output(stdout);
     auto* first = static_cast<TestAlgorithm*>(load_algorithm_library(ZENTRA_TEST_ALGORITHM));
@@ -274,7 +274,7 @@ void TestObjectXml::loader_creates_the_algorithm_of_a_library() {
     QCOMPARE(out, QByteArray("algorithm created.\nalgorithm created.\n"));
 }
 
-void TestObjectXml::loader_reports_a_bad_path_and_a_missing_function_data() {
+void tst_object_xml::loader_reports_a_bad_path_and_a_missing_function_data() {
     QTest::addColumn<QString>("path");
     QTest::addColumn<QByteArray>("errors");
     QTest::newRow("bad path") << "/nonexistent/libnothing.so"
@@ -283,7 +283,7 @@ void TestObjectXml::loader_reports_a_bad_path_and_a_missing_function_data() {
         << ZENTRA_TEST_NO_ALGORITHM << QByteArray("algorithm library loaded.\ncreateAlgorithm error \n");
 }
 
-void TestObjectXml::loader_reports_a_bad_path_and_a_missing_function() {
+void tst_object_xml::loader_reports_a_bad_path_and_a_missing_function() {
     QFETCH(QString, path);
     OutputCapture errors(stderr);
     OutputCapture output(stdout);
@@ -294,5 +294,5 @@ void TestObjectXml::loader_reports_a_bad_path_and_a_missing_function() {
     QVERIFY(out.isEmpty());
 }
 
-QTEST_GUILESS_MAIN(TestObjectXml)
+QTEST_GUILESS_MAIN(tst_object_xml)
 #include "tst_object_xml.moc"

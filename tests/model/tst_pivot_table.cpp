@@ -65,7 +65,7 @@ struct Pivot : LinkedColumns {
     }
 };
 
-class TestPivotTable : public QObject {
+class tst_pivot_table : public QObject {
     Q_OBJECT
 private slots:
     void rows_follow_the_links_column_by_column();
@@ -79,7 +79,7 @@ private slots:
     void foreign_and_unconnected_columns_add_no_rows();
 };
 
-void TestPivotTable::rows_follow_the_links_column_by_column() {
+void tst_pivot_table::rows_follow_the_links_column_by_column() {
     Pivot pivot;
     QVERIFY(pivot.linked);
     QCOMPARE(pivot.table.columnCount(), 3);
@@ -101,7 +101,7 @@ void TestPivotTable::rows_follow_the_links_column_by_column() {
     QCOMPARE(pivot.table.columnCount(pivot.table.index(0, 0)), 0);
 }
 
-void TestPivotTable::headers_name_the_columns() {
+void tst_pivot_table::headers_name_the_columns() {
     Pivot pivot;
     QCOMPARE(pivot.table.headerData(0, Qt::Horizontal).toString(), QString("a"));
     QCOMPARE(pivot.table.headerData(2, Qt::Horizontal).toString(), QString("c"));
@@ -110,7 +110,7 @@ void TestPivotTable::headers_name_the_columns() {
     QVERIFY(!pivot.table.headerData(0, Qt::Horizontal, Qt::ToolTipRole).isValid());
 }
 
-void TestPivotTable::rows_after_a_filter_data() {
+void tst_pivot_table::rows_after_a_filter_data() {
     QTest::addColumn<QString>("start");
     QTest::addColumn<QStringList>("chosen");
     QTest::addColumn<QStringList>("rows");
@@ -124,7 +124,7 @@ void TestPivotTable::rows_after_a_filter_data() {
                                     << QList<int>{-1, -1, 0};
 }
 
-void TestPivotTable::rows_after_a_filter() {
+void tst_pivot_table::rows_after_a_filter() {
     QFETCH(QString, start);
     QFETCH(QStringList, chosen);
     Pivot pivot;
@@ -140,7 +140,7 @@ void TestPivotTable::rows_after_a_filter() {
     QTEST(starts, "root_starts");
 }
 
-void TestPivotTable::nodes_whose_children_are_all_inactive_vanish() {
+void tst_pivot_table::nodes_whose_children_are_all_inactive_vanish() {
     Pivot pivot;
     pivot.b->activate_none();
     // a0 and a1 are active, but lead to no active b: only the childless a2 is left.
@@ -151,7 +151,7 @@ void TestPivotTable::nodes_whose_children_are_all_inactive_vanish() {
     QVERIFY(!pivot.table.data(pivot.table.index(0, 0)).isValid());
 }
 
-void TestPivotTable::chain_through_a_column_not_shown() {
+void tst_pivot_table::chain_through_a_column_not_shown() {
     Pivot pivot;
     QSModelPivotTable skipping(&pivot.system);
     skipping.add_column(pivot.a);
@@ -166,7 +166,7 @@ void TestPivotTable::chain_through_a_column_not_shown() {
     QCOMPARE(rows, (QStringList{"a0/c0", "a0/c1", "a0/c2", "a1/", "a2/"}));
 }
 
-void TestPivotTable::one_column_shows_one_row_per_active_item() {
+void tst_pivot_table::one_column_shows_one_row_per_active_item() {
     Pivot pivot;
     QSModelPivotTable single(&pivot.system);
     single.add_column(pivot.b);
@@ -181,7 +181,7 @@ void TestPivotTable::one_column_shows_one_row_per_active_item() {
     QVERIFY(!single.data(single.index(1, 0), Qt::BackgroundRole).isNull());
 }
 
-void TestPivotTable::registry_renumbers_the_tables_of_one_system() {
+void tst_pivot_table::registry_renumbers_the_tables_of_one_system() {
     Pivot pivot;
     Pivot elsewhere;
     auto second = std::make_unique<QSModelPivotTable>(&pivot.system);
@@ -207,7 +207,7 @@ void TestPivotTable::registry_renumbers_the_tables_of_one_system() {
     QSModelPivotTable::update_models(nullptr); // a system without tables: nothing happens
 }
 
-void TestPivotTable::foreign_and_unconnected_columns_add_no_rows() {
+void tst_pivot_table::foreign_and_unconnected_columns_add_no_rows() {
     Pivot pivot;
     Pivot other;
     QSModelPivotTable table(&pivot.system);
@@ -231,5 +231,5 @@ void TestPivotTable::foreign_and_unconnected_columns_add_no_rows() {
     QVERIFY(!table.data(table.index(0, 1)).isValid());
 }
 
-QTEST_GUILESS_MAIN(TestPivotTable)
+QTEST_GUILESS_MAIN(tst_pivot_table)
 #include "tst_pivot_table.moc"

@@ -10,7 +10,7 @@
 
 using namespace model;
 
-class TestSystem : public QObject {
+class tst_system : public QObject {
     Q_OBJECT
 private slots:
     void repository_stores_without_owning();
@@ -44,7 +44,7 @@ struct Chain {
     }
 };
 
-void TestSystem::repository_stores_without_owning() {
+void tst_system::repository_stores_without_owning() {
     System system(false);
     QVERIFY(!system.quickSearch());
     QVERIFY(!system.update_running());
@@ -87,7 +87,7 @@ void TestSystem::repository_stores_without_owning() {
     QCOMPARE(system.object("same"), &second);
 }
 
-void TestSystem::object_trims_and_searches_transient_first() {
+void tst_system::object_trims_and_searches_transient_first() {
     System system(true);
     RepositoryP stored(&system);
     QVERIFY(system.add_repository(&stored, "store"));
@@ -106,7 +106,7 @@ void TestSystem::object_trims_and_searches_transient_first() {
     QCOMPARE(system.object("z"), static_cast<Object*>(nullptr));
 }
 
-void TestSystem::persistent_repositories_by_name() {
+void tst_system::persistent_repositories_by_name() {
     System system(true);
     RepositoryP first(&system);
     RepositoryP second(&system);
@@ -130,7 +130,7 @@ void TestSystem::persistent_repositories_by_name() {
     QCOMPARE(first.object("dup"), &in_first); // a removed repository lives on
 }
 
-void TestSystem::failed_lookup_reserves_the_repository_name() {
+void tst_system::failed_lookup_reserves_the_repository_name() {
     System system(true);
     RepositoryP repository(&system);
     try {
@@ -147,7 +147,7 @@ void TestSystem::failed_lookup_reserves_the_repository_name() {
     QCOMPARE(system.object("anything"), static_cast<Object*>(nullptr));
 }
 
-void TestSystem::property_paths_data() {
+void tst_system::property_paths_data() {
     QTest::addColumn<QString>("path");
     QTest::addColumn<QString>("owner");
     QTest::addColumn<QString>("name");
@@ -163,7 +163,7 @@ void TestSystem::property_paths_data() {
                                       << "next";
 }
 
-void TestSystem::property_paths() {
+void tst_system::property_paths() {
     QFETCH(QString, path);
     QFETCH(QString, owner);
     QFETCH(QString, name);
@@ -174,7 +174,7 @@ void TestSystem::property_paths() {
     QCOMPARE(&found, &chain.system.object(owner)->property(name));
 }
 
-void TestSystem::property_path_failures_data() {
+void tst_system::property_path_failures_data() {
     QTest::addColumn<QString>("path");
     QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("no_such_property");
@@ -187,7 +187,7 @@ void TestSystem::property_path_failures_data() {
     QTest::newRow("unknown reference on the way") << "a.nothing.name" << "No such property [nothing]" << true;
 }
 
-void TestSystem::property_path_failures() {
+void tst_system::property_path_failures() {
     QFETCH(QString, path);
     QFETCH(QString, text);
     QFETCH(bool, no_such_property);
@@ -204,7 +204,7 @@ void TestSystem::property_path_failures() {
     }
 }
 
-void TestSystem::resolve_property_path_takes_one_step() {
+void tst_system::resolve_property_path_takes_one_step() {
     Chain chain;
     QString path = "a.next.next.name";
     QCOMPARE(chain.system.resolve_property_path(path), QString("a.next"));
@@ -224,7 +224,7 @@ void TestSystem::resolve_property_path_takes_one_step() {
     QCOMPARE(path, QString(".ID"));
 }
 
-void TestSystem::cyclic_reference_values_end() {
+void tst_system::cyclic_reference_values_end() {
     Chain chain;
     chain.a.next = "a.next"; // not an identifier: would lead back to the start for ever
     try {
@@ -235,7 +235,7 @@ void TestSystem::cyclic_reference_values_end() {
     }
 }
 
-void TestSystem::system_has_no_methods() {
+void tst_system::system_has_no_methods() {
     System system(true);
     try {
         system.method("run");
@@ -245,7 +245,7 @@ void TestSystem::system_has_no_methods() {
     }
 }
 
-void TestSystem::all_properties_asks_one_object_per_class() {
+void tst_system::all_properties_asks_one_object_per_class() {
     System system(true);
     SampleObject first(&system, "s1");
     SampleObject second(&system, "s2");
@@ -266,7 +266,7 @@ void TestSystem::all_properties_asks_one_object_per_class() {
     QCOMPARE(names.size(), 8);
 }
 
-void TestSystem::common_properties_judge_each_class_by_its_first_object() {
+void tst_system::common_properties_judge_each_class_by_its_first_object() {
     System system(true);
     SampleObject first(&system, "s1");
     SampleObject ghostly(&system, "s2");
@@ -288,7 +288,7 @@ void TestSystem::common_properties_judge_each_class_by_its_first_object() {
     QVERIFY(untouched.properties().isEmpty()); // same class as the first: never asked
 }
 
-void TestSystem::column_paths_are_owned_by_the_system() {
+void tst_system::column_paths_are_owned_by_the_system() {
     System system(true);
     QVERIFY(system.qs_columns().isEmpty());
     QVERIFY(system.handled_columns().isEmpty());
@@ -305,5 +305,5 @@ void TestSystem::column_paths_are_owned_by_the_system() {
     QVERIFY(later->isEmpty()); // freed again by the destructor
 }
 
-QTEST_GUILESS_MAIN(TestSystem)
+QTEST_GUILESS_MAIN(tst_system)
 #include "tst_system.moc"

@@ -118,7 +118,7 @@ QByteArray red_material() {
 
 } // namespace
 
-class Test3ds : public QObject {
+class tst_3ds : public QObject {
     Q_OBJECT
 private slots:
     void supported_formats();
@@ -140,13 +140,13 @@ private slots:
     void shared_files_match_their_references();
 };
 
-void Test3ds::supported_formats() {
+void tst_3ds::supported_formats() {
     oxa::DataIO_3ds importer;
     QCOMPARE(importer.supported_formats(), QStringList{"*.3ds"});
     QCOMPARE(oxa::DataIO().supported_formats(), QStringList{});
 }
 
-void Test3ds::two_triangle_mesh_with_material_and_texture() {
+void tst_3ds::two_triangle_mesh_with_material_and_texture() {
     QTemporaryDir folder;
     Imported imported;
     QVERIFY(import_bytes(imported, folder, file(red_material() + quad_object()), 2.0));
@@ -204,7 +204,7 @@ void Test3ds::two_triangle_mesh_with_material_and_texture() {
     QVERIFY(imported.errors.isEmpty());
 }
 
-void Test3ds::messages_and_progress() {
+void tst_3ds::messages_and_progress() {
     QTemporaryDir folder;
     Imported imported;
     QSignalSpy messages(&imported.messages, &basic::MessageService::message);
@@ -235,7 +235,7 @@ void Test3ds::messages_and_progress() {
     QVERIFY(values.first() > 0.0 && values.first() <= 0.5);
 }
 
-void Test3ds::keyframer_hierarchy_two_levels_deep() {
+void tst_3ds::keyframer_hierarchy_two_levels_deep() {
     QTemporaryDir folder;
     Imported imported;
     // A group node (named by its instance) holds A and the group "Sub", which holds C; B hangs
@@ -254,14 +254,14 @@ void Test3ds::keyframer_hierarchy_two_levels_deep() {
         QVERIFY(surface->Parent()->children().contains(surface));
 }
 
-void Test3ds::without_keyframer_surfaces_stand_under_the_root() {
+void tst_3ds::without_keyframer_surfaces_stand_under_the_root() {
     QTemporaryDir folder;
     Imported imported;
     QVERIFY(import_bytes(imported, folder, file(red_material() + quad_object("One") + quad_object("Two"))));
     QCOMPARE(tree(imported.root()), QString("model.3ds[model.3ds::One, model.3ds::Two]"));
 }
 
-void Test3ds::unknown_chunk_inside_a_mesh_is_skipped() {
+void tst_3ds::unknown_chunk_inside_a_mesh_is_skipped() {
     QTemporaryDir folder;
     Imported imported;
     const QByteArray odd = chunk(0x4160, QByteArray(48, '\x7f')) + chunk(0x1234, QByteArray(5, '\0'));
@@ -274,7 +274,7 @@ void Test3ds::unknown_chunk_inside_a_mesh_is_skipped() {
     QCOMPARE(surfaces.first()->material()->name(), QString("model.3ds::Red"));
 }
 
-void Test3ds::face_index_beyond_the_vertex_list_uses_vertex_zero() {
+void tst_3ds::face_index_beyond_the_vertex_list_uses_vertex_zero() {
     QTemporaryDir folder;
     Imported imported;
     const QByteArray body = vertices({{5, 5, 5}, {1, 0, 0}, {0, 1, 0}, {1, 1, 0}}) +
@@ -292,14 +292,14 @@ void Test3ds::face_index_beyond_the_vertex_list_uses_vertex_zero() {
     QCOMPARE(at_vertex_zero, 3);
 }
 
-void Test3ds::face_materials_inside_or_beside_the_face_list_data() {
+void tst_3ds::face_materials_inside_or_beside_the_face_list_data() {
     QTest::addColumn<QByteArray>("mesh");
     const QByteArray corners = vertices({{0, 0, 0}, {1, 0, 0}, {1, 1, 0}});
     QTest::newRow("inside the face list") << corners + faces({{0, 1, 2}}, face_material("Red", {0}));
     QTest::newRow("beside it, in the mesh") << corners + faces({{0, 1, 2}}) + face_material("Red", {0});
 }
 
-void Test3ds::face_materials_inside_or_beside_the_face_list() {
+void tst_3ds::face_materials_inside_or_beside_the_face_list() {
     QFETCH(QByteArray, mesh);
     QTemporaryDir folder;
     Imported imported;
@@ -310,7 +310,7 @@ void Test3ds::face_materials_inside_or_beside_the_face_list() {
     QCOMPARE(surfaces.first()->material()->name(), QString("model.3ds::Red"));
 }
 
-void Test3ds::unknown_material_gets_the_fallback() {
+void tst_3ds::unknown_material_gets_the_fallback() {
     QTemporaryDir folder;
     Imported imported;
     QVERIFY(
@@ -329,7 +329,7 @@ void Test3ds::unknown_material_gets_the_fallback() {
     QCOMPARE(imported.materials().size(), 1);
 }
 
-void Test3ds::hostile_lengths_end_the_read_cleanly_data() {
+void tst_3ds::hostile_lengths_end_the_read_cleanly_data() {
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<QString>("tree");
     QTest::addColumn<int>("materials");
@@ -373,7 +373,7 @@ void Test3ds::hostile_lengths_end_the_read_cleanly_data() {
     QTest::newRow("five bytes") << QByteArray("\x4d\x4d\x10\x00\x00", 5) << "model.3ds[]" << 0;
 }
 
-void Test3ds::hostile_lengths_end_the_read_cleanly() {
+void tst_3ds::hostile_lengths_end_the_read_cleanly() {
     QFETCH(QByteArray, bytes);
     QTemporaryDir folder;
     Imported imported;
@@ -382,7 +382,7 @@ void Test3ds::hostile_lengths_end_the_read_cleanly() {
     QTEST(imported.materials().size(), "materials");
 }
 
-void Test3ds::every_cut_of_a_file_reads_what_was_whole() {
+void tst_3ds::every_cut_of_a_file_reads_what_was_whole() {
     // A file cut after every byte: the import ends cleanly, and an object appears only whole.
     const QByteArray whole = file(red_material() + quad_object("A") + quad_object("B"),
                                   keyframer(node(0, "A", 0xFFFF) + node(1, "B", 0)));
@@ -400,7 +400,7 @@ void Test3ds::every_cut_of_a_file_reads_what_was_whole() {
     QCOMPARE(tree(imported.root()), QString("model.3ds[model.3ds::A, model.3ds::B]"));
 }
 
-void Test3ds::missing_file_gives_null_and_a_text() {
+void tst_3ds::missing_file_gives_null_and_a_text() {
     Imported imported;
     QSignalSpy messages(&imported.messages, &basic::MessageService::message);
     QVERIFY(!imported.run("/nonexistent/folder/none.3ds"));
@@ -408,7 +408,7 @@ void Test3ds::missing_file_gives_null_and_a_text() {
     QCOMPARE(messages.last().at(0).toString(), imported.error);
 }
 
-void Test3ds::import_into_a_project_root() {
+void tst_3ds::import_into_a_project_root() {
     QTemporaryDir folder;
     const QString path = folder.filePath("model.3ds");
     QVERIFY(save(path, file(red_material() + quad_object("One") + quad_object("Two"))));
@@ -426,7 +426,7 @@ void Test3ds::import_into_a_project_root() {
     QCOMPARE(tree(top.first()), QString("model.3ds[model.3ds::One, model.3ds::Two]"));
 }
 
-void Test3ds::repeated_import_makes_new_names() {
+void tst_3ds::repeated_import_makes_new_names() {
     QTemporaryDir folder;
     Imported imported;
     QVERIFY(import_bytes(imported, folder, file(red_material() + quad_object())));
@@ -443,7 +443,7 @@ void Test3ds::repeated_import_makes_new_names() {
     first.reset();
 }
 
-void Test3ds::shared_files_match_their_references() {
+void tst_3ds::shared_files_match_their_references() {
     const QDir folder(QStringLiteral(ZENTRA_SHARED_DATA "/3ds"));
     if (!folder.exists())
         QSKIP("no shared 3DS files");
@@ -522,5 +522,5 @@ void Test3ds::shared_files_match_their_references() {
     }
 }
 
-QTEST_GUILESS_MAIN(Test3ds)
+QTEST_GUILESS_MAIN(tst_3ds)
 #include "tst_3ds.moc"

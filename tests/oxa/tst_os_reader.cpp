@@ -4,7 +4,7 @@
 #include <QtTest>
 
 /// The object-store entry answers and reads nothing.
-class TestOsReader : public QObject {
+class tst_os_reader : public QObject {
     Q_OBJECT
 private slots:
     void one_instance_that_reads_nothing_data() {
@@ -35,5 +35,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestOsReader)
+QTEST_GUILESS_MAIN(tst_os_reader)
 #include "tst_os_reader.moc"

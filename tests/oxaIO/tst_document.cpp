@@ -52,7 +52,7 @@ QString Joined(const std::set<std::wstring>& ids) {
 
 /// One document as a whole: its head, its emptiness, the identifiers a writer numbers, and that
 /// it frees everything it owns.
-class TestDocument : public QObject {
+class tst_document : public QObject {
     Q_OBJECT
 private slots:
     void init() { QCOMPARE(Counted::alive, 0); }
@@ -273,5 +273,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestDocument)
+QTEST_GUILESS_MAIN(tst_document)
 #include "tst_document.moc"

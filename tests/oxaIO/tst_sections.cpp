@@ -43,7 +43,7 @@ struct ContactCall {
 Q_DECLARE_METATYPE(ContactCall)
 
 /// The sections of a document on their own: what they keep, how they group, when they are empty.
-class TestSections : public QObject {
+class tst_sections : public QObject {
     Q_OBJECT
 private slots:
     void init() { QCOMPARE(Counted::alive, 0); }
@@ -382,5 +382,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestSections)
+QTEST_GUILESS_MAIN(tst_sections)
 #include "tst_sections.moc"

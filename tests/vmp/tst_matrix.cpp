@@ -31,7 +31,7 @@ double max_difference(const vmp::Matrix& a, const vmp::Matrix& b) {
 
 } // namespace
 
-class TestMatrix : public QObject {
+class tst_matrix : public QObject {
     Q_OBJECT
 
 private slots:
@@ -254,5 +254,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestMatrix)
+QTEST_GUILESS_MAIN(tst_matrix)
 #include "tst_matrix.moc"

@@ -14,7 +14,7 @@ Vector vec(std::initializer_list<double> values) {
 }
 } // namespace
 
-class TestVector : public QObject {
+class tst_vector : public QObject {
     Q_OBJECT
 
 private slots:
@@ -126,5 +126,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestVector)
+QTEST_GUILESS_MAIN(tst_vector)
 #include "tst_vector.moc"
