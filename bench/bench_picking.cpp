@@ -2,12 +2,8 @@
 // region selection over a quarter of the frame (colour ids, and frustum in both styles), each
 // against the time of one normal frame of the same view.
 
-#include "BenchDocument.h"
+#include "BenchScene.h"
 
-#include "mesh3D_gl/Painter.h"
-#include "oxa/OxaFileHandler.h"
-#include "oxa/OxaRoot.h"
-#include "xqtgl/xQGLWidget.h"
 
 #include <GL/gl.h>
 
@@ -17,29 +13,13 @@
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
-    QTemporaryDir folder;
-    const QString path = app.arguments().size() > 1
-                             ? app.arguments().at(1)
-                             : bench::generated_document(folder, "reference.oxaxml",
-                                                         {"--storeys", "40", "--rooms-per-storey", "80", "--detail", "32"});
-    if (path.isEmpty())
+    bench::ReferenceScene scene;
+    if (!scene.load(app.arguments()))
         return 0;
-    oxa::OxaRoot root(false);
-    QString error;
-    if (!oxa::OxaFileHandler().oxaReadXML(&root, path, &error)) {
-        std::printf("cannot read %s: %s\n", qPrintable(path), qPrintable(error));
-        return 1;
-    }
-    xqtgl::xQGLWidget view;
-    view.resize(1280, 800);
-    view.show();
-    app.processEvents();
-    view.autoSwap(false);
-    auto* painter = new mesh3D_gl::Painter(&view);
-    painter->set_elements(root.RootContainer(), const_cast<QList<oxa::HRef*>&>(root.HRefList()));
-    view.boundingbox(painter->boundingbox());
-    view.zoom_home_norefresh();
-    view.zoom_all();
+    scene.build();
+    scene.fit();
+    xqtgl::xQGLWidget& view = scene.view;
+    mesh3D_gl::Painter* painter = scene.painter;
 
     const double frame = bench::best_seconds(3, [&] {
         view.updateGL();
