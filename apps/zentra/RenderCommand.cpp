@@ -147,7 +147,8 @@ int run_render(const QStringList& arguments, QTextStream& out, QTextStream& err)
     LoadedModel model(request.input);
     for (const QString& error : model.errors())
         err << error << "\n";
-    if (model.cancelled())
+    // Nothing read, nothing to draw; a model read in part is drawn, and the exit code tells.
+    if (model.cancelled() || model.root().OxaObjectsList().isEmpty())
         return 1;
     out << QString("loaded %1 in %2 s\n").arg(request.input).arg(model.seconds(), 0, 'f', 2);
     out.flush();

@@ -102,6 +102,10 @@ private slots:
         const CliResult result = run_cli({"render", _sample, "-o", _folder.filePath("none.png")}, bare);
         QCOMPARE(result.code, 1);
         QVERIFY2(result.err.contains("apt-get install xvfb"), qPrintable(result.err));
+        const CliResult missing = run_cli({"render", _folder.filePath("none.oxaxml"), "-o", _folder.filePath("m.png")},
+                                          without_display());
+        QCOMPARE(missing.code, 1);
+        QVERIFY(!QFile::exists(_folder.filePath("m.png")));
     }
 
     void bad_requests_are_usage_errors_data() {
