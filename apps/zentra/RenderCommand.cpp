@@ -131,7 +131,25 @@ void apply_scene_options(xQGLWidget& widget, const RenderRequest& request) {
     widget.options(options);
 }
 
+const char* const render_help =
+    "Usage: zentra render PATH -o OUT.png [options]\n"
+    "Draws a document, a project folder or a 3DS file into a PNG picture.\n"
+    "  --size WxH            picture size (default 1280x800)\n"
+    "  --view V              iso (default: south-west, above, in perspective), top, north, east, south,\n"
+    "                        west, northeast, northwest, southeast or southwest (orthographic)\n"
+    "  --perspective         perspective projection, keeping the view's direction\n"
+    "  --orthographic        orthographic projection, keeping the view's direction\n"
+    "  --viewpoint NAME      the first camera of a view stored in the document, by name or identifier\n"
+    "  --background RRGGBB   background colour\n"
+    "  --clip AXIS:VALUE     cut at AXIS = VALUE keeping the side above (z:12.5) or below (-z:12.5)\n"
+    "  --select ID           draw that object as selected\n"
+    "Without an X display the tool runs a private virtual X server (Xvfb) for the length of the run.\n";
+
 int run_render(const QStringList& arguments, QTextStream& out, QTextStream& err) {
+    if (arguments.contains("--help")) {
+        out << render_help;
+        return 0;
+    }
     const RenderRequest request = RenderRequest::parse(arguments);
     PrivateDisplay display;
     QString problem;

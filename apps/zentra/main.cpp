@@ -19,9 +19,12 @@ void print_help(QTextStream& out) {
     out << "Usage: zentra <command> [arguments]\n"
            "       zentra --help | --version\n\n"
            "Commands:\n";
+    int width = 0;
     for (const Command& command : registered_commands())
-        out << "  " << QString("%1 %2").arg(command.name, command.arguments).leftJustified(26) << command.summary
-            << "\n";
+        width = std::max(width, int(command.name.size() + 1 + command.arguments.size()));
+    for (const Command& command : registered_commands())
+        out << "  " << QString("%1 %2").arg(command.name, command.arguments).leftJustified(width + 2)
+            << command.summary << "\n";
 }
 
 int usage_error(QTextStream& err, const QString& text) {

@@ -121,6 +121,12 @@ private slots:
         QFETCH(QStringList, arguments);
         QCOMPARE(run_cli(arguments).code, 2);
     }
+
+    void help_lists_the_options() {
+        const CliResult help = run_cli({"render", "--help"});
+        QCOMPARE(help.code, 0);
+        QVERIFY(help.out.contains("--viewpoint NAME") && help.out.contains("--clip AXIS:VALUE"));
+    }
 };
 
 QTEST_MAIN(tst_render)
