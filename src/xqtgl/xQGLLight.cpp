@@ -35,9 +35,10 @@ xQGLLight& xQGLLight::operator=(const xQGLLight& other) {
     const bool moved = _position != other._position;
     _position = other._position;
     _direction = other._direction;
+    const bool rest_differs = _gl_ID != other._gl_ID || _enabled != other._enabled ||
+                              !same(_diffuse, other._diffuse) || !same(_specular, other._specular) ||
+                              !same(_ambient, other._ambient);
     _gl_ID = other._gl_ID;
-    const bool rest_differs = _enabled != other._enabled || !same(_diffuse, other._diffuse) ||
-                              !same(_specular, other._specular) || !same(_ambient, other._ambient);
     _enabled = other._enabled;
     _diffuse = other._diffuse;
     _specular = other._specular;
