@@ -48,8 +48,17 @@ void OglItemBase::force(State bit, State opposite, bool on) {
     }
 }
 
-void OglItemBase::vertex(double x, double y, double z) {
-    glVertex3d(x - render_origin.x, y - render_origin.y, z - render_origin.z);
+void OglItemBase::box_edges(const double corner[3], const double axes[3][3]) {
+    for (int a = 0; a < 3; ++a) {
+        const int b = (a + 1) % 3, c = (a + 2) % 3;
+        for (int k = 0; k < 4; ++k) {
+            double from[3];
+            for (int i = 0; i < 3; ++i)
+                from[i] = corner[i] + ((k & 1) ? axes[b][i] : 0.0) + ((k & 2) ? axes[c][i] : 0.0);
+            vertex(from[0], from[1], from[2]);
+            vertex(from[0] + axes[a][0], from[1] + axes[a][1], from[2] + axes[a][2]);
+        }
+    }
 }
 
 mesh3D::Material* OglItemBase::RequestTempMaterial(model::System* system) {
@@ -176,12 +185,27 @@ void OglItemBegin::paint() {
                 item->paint();
                 item->selected(was);
             });
+            if (draws_wired())
+                paint_wire_box();
             ReleaseTempMaterial();
         }
     } else if (ContainerVisible()) {
         // Members of a shown composite that are on the hidden path still show, in the cheap form.
         walk_hidden_members([](OglItemBase* item) { item->fast_paint(); });
     }
+}
+
+void OglItemBegin::paint_wire_box() const {
+    const geometry3D::boundingbox b = _container_element->boundingbox();
+    const double corner[3] = {b.xmin, b.ymin, b.zmin};
+    const double axes[3][3] = {{b.xmax - b.xmin, 0.0, 0.0}, {0.0, b.ymax - b.ymin, 0.0}, {0.0, 0.0, b.zmax - b.zmin}};
+    glDisable(GL_LIGHTING);
+    glColor4d(0.0, 0.0, 0.0, 1.0);
+    glLineWidth(1.25f);
+    glBegin(GL_LINES);
+    box_edges(corner, axes);
+    glEnd();
+    glEnable(GL_LIGHTING);
 }
 
 void OglItemBegin::select_paint(int base) {

@@ -6,6 +6,7 @@
 #include "zentra_export.h"
 
 #include <QString>
+#include <GL/gl.h>
 
 namespace mesh3D {
 class Container;
@@ -115,12 +116,18 @@ public:
     static double _selectionColorR, _selectionColorG, _selectionColorB;
     static double _wiredColorR, _wiredColorG, _wiredColorB;
 
+    /// A world point sent to GL relative to the render origin, the one place where model
+    /// coordinates become GL's.
+    static void vertex(double x, double y, double z) {
+        glVertex3d(x - render_origin.x, y - render_origin.y, z - render_origin.z);
+    }
+    static void vertex(const geometry3D::point& p) { vertex(p.x, p.y, p.z); }
+    /// The twelve edges of the box at `corner` spanned by three edge vectors, inside `GL_LINES`.
+    static void box_edges(const double corner[3], const double axes[3][3]);
+
 protected:
     enum State { Selected = 1, ContainerSelected = 2, Wired = 16, Solid = 32, Unwired = 64, Unsolid = 128 };
 
-    /// A world point sent to GL relative to the render origin.
-    static void vertex(double x, double y, double z);
-    static void vertex(const geometry3D::point& p) { vertex(p.x, p.y, p.z); }
     void flag(State bit, bool on) { _state = on ? _state | bit : _state & ~bit; }
 
     static mesh3D::Material* _tmpMaterial;
@@ -176,6 +183,8 @@ public:
 private:
     bool is_composite() const;
     bool push_transform() const;
+    /// The container's bounding box as black edges: the outline of a selected composite.
+    void paint_wire_box() const;
     template <typename Step>
     void walk(OglItemBase* from, OglItemBase* to, OglItemBase* (OglItemBase::*next)() const, Step step) const;
     /// The hidden members of the range, up to its end item.

@@ -39,9 +39,7 @@ void end_edges() {
     glMaterialfv(GL_FRONT_AND_BACK, GL_EMISSION, none);
 }
 
-void send(const mesh3D::Vertex* v, double render_x, double render_y, double render_z) {
-    glVertex3d(v->x() - render_x, v->y() - render_y, v->z() - render_z);
-}
+void send(const mesh3D::Vertex* v) { OglItemBase::vertex(v->x(), v->y(), v->z()); }
 
 } // namespace
 
@@ -147,19 +145,17 @@ void OglItemSurface::appearance_as_selected() {
 void OglItemSurface::paint_triangle(mesh3D::Triangle* triangle) {
     const geometry3D::point& n = triangle->normal();
     glNormal3d(n.x, n.y, n.z);
-    const geometry3D::point& o = render_origin;
     for (int i = 0; i < 3; ++i)
-        send(triangle->vertex(i), o.x, o.y, o.z);
+        send(triangle->vertex(i));
 }
 
 void OglItemSurface::paint_triangle_textured(mesh3D::Triangle* triangle, int first,
                                              QVector<model::mapCoordsType>& coordinates) {
     const geometry3D::point& n = triangle->normal();
     glNormal3d(n.x, n.y, n.z);
-    const geometry3D::point& o = render_origin;
     for (int i = 0; i < 3; ++i) {
         glTexCoord2d(coordinates[first + i].u, coordinates[first + i].v);
-        send(triangle->vertex(i), o.x, o.y, o.z);
+        send(triangle->vertex(i));
     }
 }
 
@@ -207,7 +203,6 @@ void OglItemSurface::paint_wired() {
     }
     edge_colour(_wiredColorR, _wiredColorG, _wiredColorB);
     const int step = std::max(1, options.WiredLinesStep());
-    const geometry3D::point& o = render_origin;
     glBegin(GL_LINES);
     mesh3D::triangle_edges** edges = _element->edges();
     const int count = edges ? _element->count_triangle_edge_objects() : 0;
@@ -216,8 +211,8 @@ void OglItemSurface::paint_wired() {
         static const int ends[3][2] = {{0, 1}, {1, 2}, {2, 0}};
         for (int edge = 0; edge < 3; ++edge) {
             if (record.flags & (1 << edge)) {
-                send(record.triangle->vertex(ends[edge][0]), o.x, o.y, o.z);
-                send(record.triangle->vertex(ends[edge][1]), o.x, o.y, o.z);
+                send(record.triangle->vertex(ends[edge][0]));
+                send(record.triangle->vertex(ends[edge][1]));
             }
         }
     }
@@ -242,10 +237,9 @@ void OglItemSurface::PaintWiredPolygon(mesh3D::Polygon* polygon) {
             edge_colour(d.r, d.g, d.b);
         }
     }
-    const geometry3D::point& o = render_origin;
     glBegin(GL_LINE_STRIP);
     for (int i = 0; i < polygon->count_points(); ++i)
-        send(polygon->vertex(i), o.x, o.y, o.z);
+        send(polygon->vertex(i));
     glEnd();
 }
 

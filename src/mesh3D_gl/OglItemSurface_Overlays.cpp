@@ -20,31 +20,12 @@ namespace mesh3D_gl {
 
 namespace {
 
-// The twelve edges of a box given by a corner and its three edge vectors.
-void box_edges(const double corner[3], const double axes[3][3], void (*vertex)(double, double, double)) {
-    for (int a = 0; a < 3; ++a) {
-        const int b = (a + 1) % 3, c = (a + 2) % 3;
-        for (int k = 0; k < 4; ++k) {
-            double from[3];
-            for (int i = 0; i < 3; ++i)
-                from[i] = corner[i] + ((k & 1) ? axes[b][i] : 0.0) + ((k & 2) ? axes[c][i] : 0.0);
-            vertex(from[0], from[1], from[2]);
-            vertex(from[0] + axes[a][0], from[1] + axes[a][1], from[2] + axes[a][2]);
-        }
-    }
-}
-
-void to_render_vertex(double x, double y, double z) {
-    const geometry3D::point& o = OglItemBase::render_origin;
-    glVertex3d(x - o.x, y - o.y, z - o.z);
-}
-
 void axis_lines(const double from[3], const double axes[][3], int count, const double colours[][3]) {
     glBegin(GL_LINES);
     for (int a = 0; a < count; ++a) {
         glColor4d(colours[a][0], colours[a][1], colours[a][2], 1.0);
-        to_render_vertex(from[0], from[1], from[2]);
-        to_render_vertex(from[0] + axes[a][0], from[1] + axes[a][1], from[2] + axes[a][2]);
+        OglItemBase::vertex(from[0], from[1], from[2]);
+        OglItemBase::vertex(from[0] + axes[a][0], from[1] + axes[a][1], from[2] + axes[a][2]);
     }
     glEnd();
 }
@@ -104,7 +85,7 @@ void OglItemSurface::PaintPointWired() {
     glDisable(GL_LIGHTING);
     glColor4d(_wiredColorR, _wiredColorG, _wiredColorB, 1.0);
     glBegin(GL_LINES);
-    box_edges(corner, axes, &to_render_vertex);
+    box_edges(corner, axes);
     glEnd();
     glEnable(GL_LIGHTING);
 }
@@ -140,7 +121,7 @@ void OglItemSurface::PaintOOBB() {
     glLineWidth(2.0f);
     glColor4d(0.5, 0.5, 0.5, 0.5);
     glBegin(GL_LINES);
-    box_edges(corner, axes, &to_render_vertex);
+    box_edges(corner, axes);
     glEnd();
 }
 
@@ -158,7 +139,7 @@ void OglItemSurface::PaintOOBBxy() {
     glLineWidth(2.0f);
     glColor4d(0.5, 0.5, 0.5, 0.5);
     glBegin(GL_LINES);
-    box_edges(corner, axes, &to_render_vertex);
+    box_edges(corner, axes);
     glEnd();
 }
 

@@ -22,7 +22,13 @@ const OglItemBase::Path all_paths[3] = {OglItemBase::SolidPath, OglItemBase::Tra
 
 Painter::Painter(xqtgl::xQGLWidget* widget) : xqtgl::xQGLWidget_Painter(widget) {}
 
-Painter::~Painter() { clear(); }
+Painter::~Painter() {
+    if (!_textures.isEmpty() && widget()) {
+        widget()->makeCurrent();
+        glDeleteTextures(GLsizei(_textures.size()), _textures.constData());
+    }
+    clear();
+}
 
 void Painter::clear() {
     qDeleteAll(_elements);
@@ -261,6 +267,10 @@ void Painter::add_container(mesh3D::Container* parent, mesh3D::Container* child,
     AddContainerItem(child, visible);
 }
 
+geometry3D::point Painter::render_origin() const {
+    return widget() ? widget()->render_origin() : geometry3D::point{0.0, 0.0, 0.0};
+}
+
 template <typename Step>
 void Painter::walk(OglItemBase::Path path, Step step) const {
     for (OglItemBase* item = _root; item; item = next_on(item, path))
@@ -271,7 +281,7 @@ void Painter::paint() {
     if (_building || !_root)
         return;
     OglItemBase::options = _options;
-    OglItemBase::render_origin = widget()->render_origin();
+    OglItemBase::render_origin = render_origin();
     // Everything transparent after everything solid, so that it blends over it.
     walk(OglItemBase::SolidPath, [](OglItemBase* item) { item->paint(); });
     walk(OglItemBase::TransparentPath, [](OglItemBase* item) { item->paint(); });
@@ -280,7 +290,7 @@ void Painter::paint() {
 void Painter::fast_paint() {
     if (_building || !_root)
         return;
-    OglItemBase::render_origin = widget()->render_origin();
+    OglItemBase::render_origin = render_origin();
     walk(OglItemBase::SolidPath, [](OglItemBase* item) { item->fast_paint(); });
     walk(OglItemBase::TransparentPath, [](OglItemBase* item) { item->fast_paint(); });
 }
@@ -293,7 +303,7 @@ void Painter::select_paint() {
         std::printf("Painter::select_paint() ERROR : painter index < 0 !!\n");
         return;
     }
-    OglItemBase::render_origin = widget()->render_origin();
+    OglItemBase::render_origin = render_origin();
     walk(OglItemBase::SolidPath, [i](OglItemBase* item) { item->select_paint(i << 16); });
     walk(OglItemBase::TransparentPath, [i](OglItemBase* item) { item->select_paint(i << 16); });
 }

@@ -158,7 +158,8 @@ public:
 
     // Textures
     /// Loads the material's picture into a texture of the widget's context, scaled down to the
-    /// options' `TextureSize`; false, with a message, when it cannot be made.
+    /// options' `TextureSize`; false, with a message, when it cannot be made. The texture lives
+    /// until the painter is deleted.
     bool BindMaterialTextureToWidget(mesh3D::Material* material);
 
 protected:
@@ -189,6 +190,8 @@ private:
     template <typename Test>
     QList<mesh3D::Element*> leaves_where(Test test) const;
     geometry3D::boundingbox merged_box(const QList<mesh3D::Element*>& elements) const;
+    /// The widget's render origin; zero for a painter without a widget.
+    geometry3D::point render_origin() const;
     void for_children(mesh3D::Element* element, void (Painter::*command)(mesh3D::Element*));
     /// Sets a force flag on the element's item, or on every member of a container.
     void force(mesh3D::Element* element, bool on, void (OglItemBase::*setter)(bool));
@@ -197,7 +200,12 @@ private:
     QVector<OglItemBase*> _index;
     QList<OglItemEnd*> _ends;
     QHash<mesh3D::Element*, OglItemBase*> _elements;
+    /// The materials offered for binding since the last `clear()`. Forgotten on `clear()`, since
+    /// a later model may hold a new material at a freed one's address.
     QSet<mesh3D::Material*> _materials;
+    /// Every texture this painter made, freed with it; kept apart from the materials, which the
+    /// model may already have deleted by then.
+    QVector<unsigned int> _textures;
     OglItemBegin* _root = nullptr;
     QList<mesh3D::Element*> _saved_invisible;
     bool _building = false;

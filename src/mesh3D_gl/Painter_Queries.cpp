@@ -73,7 +73,12 @@ bool Painter::IsWired(mesh3D::Element* element) const {
 
 bool Painter::IsHiddenElement(oxa::OxaRoot* root, const QString& id) const {
     const OglItemBase* item = _elements.value(_getElementFromID(root, id));
-    return item && item->path() == OglItemBase::HiddenPath;
+    if (!item) {
+        if (root && root->MsgService())
+            root->MsgService()->send_message("the element is not existed");
+        return false;
+    }
+    return item->path() == OglItemBase::HiddenPath;
 }
 
 mesh3D::Element* Painter::_getElementFromID(oxa::OxaRoot* root, const QString& id) {

@@ -27,7 +27,7 @@ void report_problem(const QString& file, const char* reason) {
 } // namespace
 
 bool Painter::BindMaterialTextureToWidget(mesh3D::Material* material) {
-    if (material->texture() != 0 || material->texture_filename().isEmpty())
+    if (material->texture() != 0 || material->texture_filename().isEmpty() || !widget())
         return false;
     const QString file = picture_file(*material);
     qDebug("Painter::BindMaterialTextureToWidget Texture File [%s]", qPrintable(file));
@@ -66,6 +66,7 @@ bool Painter::BindMaterialTextureToWidget(mesh3D::Material* material) {
         return false;
     }
     material->texture(texture);
+    _textures.append(texture);
     return true;
 }
 

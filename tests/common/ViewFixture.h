@@ -82,6 +82,16 @@ struct ViewFixture {
         return image.pixel(int(std::floor(at.x())), int(std::floor(at.y())));
     }
 
+    /// The darkest grey among the pixel at `at` and its eight neighbours: where a thin line lands
+    /// on one side or the other of the projected point.
+    static int darkest(const QImage& image, const QPointF& at) {
+        int grey = 255;
+        for (int dx = -1; dx <= 1; ++dx)
+            for (int dy = -1; dy <= 1; ++dy)
+                grey = std::min(grey, qGray(pixel(image, at + QPointF(dx, dy))));
+        return grey;
+    }
+
     /// True when each channel is within `tolerance` of the expected colour.
     static bool near(QRgb actual, QColor expected, int tolerance = 8) {
         return std::abs(qRed(actual) - expected.red()) <= tolerance &&

@@ -66,10 +66,7 @@ private slots:
         const QImage frame = scene.frame("painter_wires");
         QCOMPARE(ViewFixture::pixel(frame, scene.top(0.0, 0.3, 0.6)) | 0xFF000000, white);
         // The outline is drawn, black, along the box's edge.
-        bool edge = false;
-        for (int dy = -1; dy <= 1; ++dy)
-            edge |= qGray(ViewFixture::pixel(frame, scene.top(0.0, 0.0, 0.5) + QPointF(0.5, dy))) < 60;
-        QVERIFY(edge);
+        QVERIFY(ViewFixture::darkest(frame, scene.top(0.0, 0.0, 0.5)) < 60);
     }
 
     void a_textured_face_shows_the_picture_corner_by_corner() {
@@ -101,6 +98,26 @@ private slots:
         QVERIFY(near(0.75, 0.75, Qt::green));
         QVERIFY(near(0.25, 0.25, Qt::blue));
         QVERIFY(near(0.75, 0.25, Qt::yellow));
+        // The texture belongs to the painter's context and goes with it.
+        const GLuint texture = textured->texture();
+        delete scene.painter;
+        scene.view.makeCurrent();
+        QVERIFY(!glIsTexture(texture));
+    }
+
+    void a_selected_composite_is_outlined_by_its_box() {
+        Scene scene;
+        mesh3D::Container* pair = scene.composite("pair");
+        scene.box("west", 0.0, scene.material("Red", Qt::red), pair);
+        scene.box("east", 3.0, scene.material("Red", Qt::red), pair);
+        pair->update_boundingbox();
+        const QImage plain = scene.frame("painter_composite");
+        const QPointF gap = ViewFixture::project(scene.view, 1.5, 1.0, 1.0);
+        QVERIFY(ViewFixture::darkest(plain, gap) > 200);
+        scene.painter->select_element(pair, true);
+        const QImage selected = ViewFixture::frame(scene.view);
+        ViewFixture::save(selected, "painter_composite_selected");
+        QVERIFY(ViewFixture::darkest(selected, gap) < 60);
     }
 
     void a_broken_texture_leaves_the_face_plain() {
