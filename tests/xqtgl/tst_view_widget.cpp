@@ -10,13 +10,9 @@ using namespace xqtgl;
 
 namespace {
 
-/// Whether the darkest grey within a pixel of `at` is `grey` (thin lines may fall a pixel
-/// either side, and GL rounds 0.9 to 229 or 230).
+/// Whether the darkest grey within a pixel of `at` is `grey` (GL rounds 0.9 to 229 or 230).
 bool grey_near(const QImage& image, const QPointF& at, int grey) {
-    int darkest = 255;
-    for (int dx = -1; dx <= 1; ++dx)
-        darkest = std::min(darkest, qRed(image.pixel(int(at.x()) + dx, int(at.y()))));
-    return std::abs(darkest - grey) <= 1;
+    return std::abs(ViewFixture::darkest(image, at) - grey) <= 1;
 }
 
 QRect outline(const QImage& image) {
@@ -50,16 +46,18 @@ private slots:
         o.draw_origin(false);
         view.options(o);
         view.boundingbox({-5, -5, 5, 5, 0, 1});
-        ViewFixture::look(view, {0, -1, 30}, {0, 0, 0});
-        const QImage frame = ViewFixture::frame(view);
+        const QImage frame = ViewFixture::frame(view); // the default camera, from (15, 10, 5)
         ViewFixture::save(frame, "grid");
         // Lines run over twice the box: i from -10 up to, not including, 10.
-        QVERIFY(grey_near(frame, ViewFixture::project(view, 0, 2.5, 0), 153));   // axis line
-        QVERIFY(grey_near(frame, ViewFixture::project(view, -10, 2.5, 0), 178)); // multiple of 10
+        QVERIFY(grey_near(frame, ViewFixture::project(view, 0, 2.5, 0), 153));   // axis lines
+        QVERIFY(grey_near(frame, ViewFixture::project(view, 2.5, 0, 0), 153));
+        QVERIFY(grey_near(frame, ViewFixture::project(view, -10, 2.5, 0), 178)); // multiples of 10
+        QVERIFY(grey_near(frame, ViewFixture::project(view, 2.5, -10, 0), 178));
         QVERIFY(grey_near(frame, ViewFixture::project(view, 3, 2.5, 0), 229));
-        QVERIFY(grey_near(frame, ViewFixture::project(view, 3, -7.5, 0), 229));
+        QVERIFY(grey_near(frame, ViewFixture::project(view, 2.5, 3, 0), 229));
         QVERIFY(grey_near(frame, ViewFixture::project(view, 3.5, 2.5, 0), 255)); // between lines
-        QVERIFY(grey_near(frame, ViewFixture::project(view, 10, 2.5, 0), 255));  // end excluded
+        QVERIFY(grey_near(frame, ViewFixture::project(view, 10, 2.5, 0), 255));  // ends excluded
+        QVERIFY(grey_near(frame, ViewFixture::project(view, 2.5, 10, 0), 255));
     }
 
     void originAxesAreZRedXGreenYBlue() {
