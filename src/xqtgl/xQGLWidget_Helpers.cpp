@@ -162,22 +162,19 @@ void xQGLWidget::paint_legend() {
     glLoadIdentity();
     const double h = height();
     glShadeModel(GL_SMOOTH);
-    glBegin(GL_POLYGON);
-    glColor3d(1, 0, 0);
-    glVertex2d(10, 0.1 * h);
-    glVertex2d(30, 0.1 * h);
-    glColor3d(0, 1, 0);
-    glVertex2d(30, 0.5 * h);
-    glVertex2d(10, 0.5 * h);
-    glEnd();
-    glBegin(GL_POLYGON);
-    glColor3d(0, 1, 0);
-    glVertex2d(10, 0.5 * h);
-    glVertex2d(30, 0.5 * h);
-    glColor3d(0, 0, 1);
-    glVertex2d(30, 0.9 * h);
-    glVertex2d(10, 0.9 * h);
-    glEnd();
+    // Two bands, red to green and green to blue, from a tenth to nine tenths of the height.
+    static const double band_colours[3][3] = {{1, 0, 0}, {0, 1, 0}, {0, 0, 1}};
+    static const double band_heights[3] = {0.1, 0.5, 0.9};
+    for (int band = 0; band < 2; ++band) {
+        glBegin(GL_POLYGON);
+        glColor3dv(band_colours[band]);
+        glVertex2d(10, band_heights[band] * h);
+        glVertex2d(30, band_heights[band] * h);
+        glColor3dv(band_colours[band + 1]);
+        glVertex2d(30, band_heights[band + 1] * h);
+        glVertex2d(10, band_heights[band + 1] * h);
+        glEnd();
+    }
     glPopMatrix();
     glMatrixMode(GL_PROJECTION);
     glPopMatrix();
