@@ -27,7 +27,8 @@ void xQGLWidget_ZoomHandler::mousePress(QMouseEvent* event) {
     _pressed = true;
     if (_button == Qt::LeftButton) {
         grab_frame();
-        // Picked now: by the release the lens has been painted over this frame's depths.
+        // The target is what lay under the pointer at the press, read from this frame's depths
+        // before the lens is painted over the frame.
         _press_point = geometry3D::Point(_widget->pick_point(_press_x, _press_y, &_press_hit));
     } else if (_button == Qt::MiddleButton) {
         pan_scale_from_pick(_press_x, _press_y);
