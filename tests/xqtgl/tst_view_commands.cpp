@@ -288,11 +288,12 @@ private slots:
         xQGLWidget& view = scene.view;
         view.set_mode_walk();
         const xQGLCamera start(view.camera());
+        // The loop draws at least one frame between the moves and the release, however late.
         QTimer::singleShot(20, [&] {
             for (const QPoint& at : path)
                 ViewFixture::move(view, at, Qt::LeftButton);
+            QTimer::singleShot(150, [&] { QTest::mouseRelease(&view, Qt::LeftButton, {}, path.last()); });
         });
-        QTimer::singleShot(200, [&] { QTest::mouseRelease(&view, Qt::LeftButton, {}, path.last()); });
         QTest::mousePress(&view, Qt::LeftButton, {}, centre);
         // Some whole number of frames at the speed and turn of the path's end.
         xQGLCamera walked(start);
