@@ -10,6 +10,7 @@
 #include "oxaIO/IView.h"
 #include "oxaIO/OxaObjects.h"
 #include "oxaIO/OxaVisualisationSection.h"
+#include "xqtgl/xQGLView.h"
 #include "xqtgl/xQGLWidget.h"
 
 #include <QApplication>
@@ -76,16 +77,38 @@ const oxaIO::ICamera* stored_camera(const oxa::OxaRoot& root, const QString& nam
     return nullptr;
 }
 
+/// The stored camera on a copy of `current`. A perspective camera keeps the picture's aspect
+/// ratio; an orthographic one brings its expected and current ortho sizes and aspect ratio, and
+/// takes its ortho sizes as the expected ones where the document has none.
 xQGLCamera camera_from(const oxaIO::ICamera& stored, const xQGLCamera& current) {
     xQGLCamera camera(current);
-    camera.projection(stored.ProjectionType() == 1 ? xqtgl::orthographic : xqtgl::perspective);
     camera.view_angle(stored.ViewAngle());
     camera.lookat(to_point(stored.LookAt()));
     camera.eye(to_point(stored.Eye()));
     camera.lookat(to_point(stored.LookAt()));
+    if (stored.ProjectionType() != 1) {
+        camera.projection(xqtgl::perspective);
+        return camera;
+    }
+    camera.projection(xqtgl::orthographic);
+    const bool expected = stored.ExpOrthoWidth() > 0.0 && stored.ExpOrthoHeight() > 0.0;
+    camera.SetExpectOrthoWidth(expected ? stored.ExpOrthoWidth() : stored.OrthoWidth());
+    camera.SetExpectOrthoHeight(expected ? stored.ExpOrthoHeight() : stored.OrthoHeight());
     camera.SetOrthoWidth(stored.OrthoWidth());
     camera.SetOrthoHeight(stored.OrthoHeight());
+    camera.aspect_ratio(stored.AspectRatio());
     return camera;
+}
+
+/// Shows the stored camera as the viewer shows a viewpoint, which fits an orthographic view to
+/// the picture's shape, keeping the cut the request asked for; then fits the far plane.
+void show_stored_camera(xQGLWidget& widget, const oxaIO::ICamera& stored) {
+    xqtgl::xQGLView view;
+    view.camera(camera_from(stored, widget.camera()));
+    view.clipping_plane(widget.options().clipping_plane());
+    view.clipping_plane_enabled(widget.options().plane_clipping_enabled());
+    widget.show_viewpoint(widget.add_viewpoint(0, view));
+    widget.camera(xQGLCamera(widget.camera()));
 }
 
 /// Places the camera as asked; false with `problem` set when the asked viewpoint is unknown.
@@ -97,7 +120,7 @@ bool apply_view(xQGLWidget& widget, const oxa::OxaRoot& root, const RenderReques
             *problem = QString("no viewpoint named '%1'").arg(request.viewpoint);
             return false;
         }
-        widget.camera(camera_from(*stored, widget.camera()));
+        show_stored_camera(widget, *stored);
     } else if (request.view == "iso") {
         widget.zoom_home_norefresh();
         widget.zoom_all();
@@ -139,7 +162,8 @@ const char* const render_help =
     "                        west, northeast, northwest, southeast or southwest (orthographic)\n"
     "  --perspective         perspective projection, keeping the view's direction\n"
     "  --orthographic        orthographic projection, keeping the view's direction\n"
-    "  --viewpoint NAME      the first camera of a view stored in the document, by name or identifier\n"
+    "  --viewpoint NAME      the first camera of a view stored in the document, by name or identifier;\n"
+    "                        it places the camera instead of --view, so the two exclude each other\n"
     "  --background RRGGBB   background colour\n"
     "  --clip AXIS:VALUE     cut at AXIS = VALUE keeping the side above (z:12.5) or below (-z:12.5)\n"
     "  --select ID           draw that object as selected\n"

@@ -49,6 +49,7 @@ const QStringList& RenderRequest::view_names() {
 
 RenderRequest RenderRequest::parse(const QStringList& arguments) {
     RenderRequest request;
+    bool view_given = false;
     for (int i = 0; i < arguments.size(); ++i) {
         const QString& argument = arguments[i];
         const auto value = [&]() -> QString {
@@ -62,6 +63,7 @@ RenderRequest RenderRequest::parse(const QStringList& arguments) {
             request.size = parse_size(value());
         } else if (argument == "--view") {
             request.view = value();
+            view_given = true;
             if (!view_names().contains(request.view))
                 throw UsageError(QString("unknown view '%1'; one of %2").arg(request.view, view_names().join(", ")));
         } else if (argument == "--perspective") {
@@ -84,6 +86,8 @@ RenderRequest RenderRequest::parse(const QStringList& arguments) {
             throw UsageError("give one document, project folder or 3DS file");
         }
     }
+    if (view_given && !request.viewpoint.isEmpty())
+        throw UsageError("--view and --viewpoint both place the camera; give one of them");
     if (request.input.isEmpty())
         throw UsageError("give a document, project folder or 3DS file to draw");
     if (request.output.isEmpty())

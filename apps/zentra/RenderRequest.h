@@ -17,7 +17,8 @@ struct RenderRequest {
     /// iso, top or one of the eight compass directions.
     QString view = "iso";
     Projection projection = Projection::ViewDefault;
-    /// A view stored in the document, by name or identifier; it replaces `view`.
+    /// A view stored in the document, by name or identifier; asking for `view` as well is a
+    /// usage error.
     QString viewpoint;
     std::optional<basic::color3> background;
     /// The half-space kept by a cut: the normal is an axis or its negative, `clip_at` its place.

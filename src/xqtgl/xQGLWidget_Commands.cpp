@@ -91,6 +91,7 @@ void xQGLWidget::camera(const xQGLCamera& c) {
 }
 
 void xQGLWidget::zoom_boundingbox(const geometry3D::boundingbox& box) {
+    ResetHandler();
     xQGLCamera c(_camera);
     const Point centre(geometry3D::center(box));
     if (c.projection() == perspective) {
@@ -117,6 +118,7 @@ void xQGLWidget::zoom_boundingbox(const geometry3D::boundingbox& box) {
 }
 
 void xQGLWidget::zoom_to(geometry3D::boundingbox (xQGLWidget_Painter::*box)() const) {
+    // Reset here too: a zoom command drops a half-taken input even when there is nothing to fit.
     ResetHandler();
     geometry3D::boundingbox all;
     for (xQGLWidget_Painter* painter : _painters)

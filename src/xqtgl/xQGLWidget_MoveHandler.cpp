@@ -42,12 +42,19 @@ void xQGLWidget_MoveHandler::show_over_frame(const std::function<void(QPainter&)
     on_widget.drawPixmap(0, 0, picture);
 }
 
-void xQGLWidget_MoveHandler::drop_frame() { _frame.reset(); }
+void xQGLWidget_MoveHandler::drop_frame() {
+    if (_frame)
+        _widget->ignore_repaint(false);
+    _frame.reset();
+}
 
 void xQGLWidget_MoveHandler::draw_rubber_band(QPainter& painter, int x, int y) const {
     painter.setPen(QPen(QColor(0, 80, 150, 255), 1));
     painter.setBrush(Qt::NoBrush);
-    painter.drawRect(QRect(QPoint(_press_x, _press_y), QPoint(x, y)).normalized());
+    // Drawn twice, the second a pixel inside: a band two pixels wide stays visible over wires.
+    const QRect band = QRect(QPoint(_press_x, _press_y), QPoint(x, y)).normalized();
+    painter.drawRect(band);
+    painter.drawRect(band.adjusted(1, 1, -1, -1));
 }
 
 void xQGLWidget_MoveHandler::keep_press(QMouseEvent* event) {

@@ -51,8 +51,9 @@ protected:
     /// Puts the kept frame with `drawing` over it on the widget; the GL frame is held back from
     /// repainting over it until `drop_frame`.
     void show_over_frame(const std::function<void(QPainter&)>& drawing);
+    /// Deletes the picture and lets the GL frame repaint again; repaints nothing itself.
     void drop_frame();
-    /// The rectangle from the press to (x, y).
+    /// The rectangle from the press to (x, y), two pixels wide.
     void draw_rubber_band(QPainter& painter, int x, int y) const;
 
     xQGLCamera _press_camera;

@@ -11,7 +11,9 @@
 namespace xqtgl {
 
 namespace {
-/// Viewpoint keys run on for the whole process: a deleted view's key is never given again.
+/// The running key of saved viewpoints, kept for the whole process. It is only ever raised past
+/// keys in use, never lowered: a deleted view's key comes back only while it is still the
+/// running number (the newest save's), and `add_viewpoint` may take any free key.
 int next_viewpoint_key = 0;
 } // namespace
 
@@ -50,14 +52,16 @@ void xQGLWidget::show_viewpoint(int key) {
         // The view was kept at another window shape: fit its ortho box to this one.
         const double W = _camera.GetExpectOrthoWidth(), H = _camera.GetExpectOrthoHeight();
         const double v = double(width()) / double(height()), a = W / H;
+        // At the same shape the view's own sizes and aspect ratio stand as they were kept.
         if (a < v) {
             _camera.SetOrthoWidth(W * v);
             _camera.SetOrthoHeight(H);
+            _camera.aspect_ratio(a);
         } else if (a > v) {
             _camera.SetOrthoWidth(W);
             _camera.SetOrthoHeight(H / v);
+            _camera.aspect_ratio(a);
         }
-        _camera.aspect_ratio(a);
     }
     _options.clipping_plane(view->clipping_plane());
     _options.plane_clipping_enabled(view->clipping_plane_enabled());

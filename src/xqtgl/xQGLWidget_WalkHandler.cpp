@@ -48,7 +48,7 @@ void xQGLWidget_WalkHandler::walk() {
         c.move_horizontal(_speed);
         c.yaw(_turn);
         _widget->camera(c);
-        // Standing still, wait for the pointer instead of spinning.
+        // Standing still nothing repaints, so the loop would spin a core: wait for the pointer.
         const bool standing = _speed == 0.0 && _turn == 0.0;
         QCoreApplication::processEvents(standing ? QEventLoop::WaitForMoreEvents : QEventLoop::AllEvents);
     }

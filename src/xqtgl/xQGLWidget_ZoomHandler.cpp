@@ -27,6 +27,9 @@ void xQGLWidget_ZoomHandler::mousePress(QMouseEvent* event) {
     _pressed = true;
     if (_button == Qt::LeftButton) {
         grab_frame();
+        // The target is what lay under the pointer at the press, read from this frame's depths
+        // before the lens is painted over the frame.
+        _press_point = geometry3D::Point(_widget->pick_point(_press_x, _press_y, &_press_hit));
     } else if (_button == Qt::MiddleButton) {
         pan_scale_from_pick(_press_x, _press_y);
         _widget->setCursor(Qt::SizeAllCursor);
@@ -71,22 +74,25 @@ void xQGLWidget_ZoomHandler::draw_lens(int x, int y) {
 
 void xQGLWidget_ZoomHandler::mouseRelease(QMouseEvent* event) {
     drop_frame();
-    const int button = _button;
     if (_modifiers & Qt::ControlModifier) {
         finish();
         return;
     }
-    if (button == Qt::LeftButton) {
-        bool hit = false;
-        const geometry3D::point p = _widget->pick_point(_press_x, _press_y, &hit);
-        if (hit)
-            zoom_to(geometry3D::Point(p), event->x(), event->y(), event->modifiers() & Qt::ShiftModifier);
+    if (_button == Qt::LeftButton && !_press_hit) {
+        // Nothing to zoom to: no move and no repaint. The button is up, so the press is
+        // forgotten too, or the next wheel step would count as one during a drag.
+        clear_press();
+        _pressed = false;
+        _widget->setCursor(cursor());
+        return;
     }
+    if (_button == Qt::LeftButton)
+        zoom_to(event->x(), event->y(), event->modifiers() & Qt::ShiftModifier);
     finish();
 }
 
-void xQGLWidget_ZoomHandler::zoom_to(const geometry3D::Point& p, int release_x, int release_y,
-                                     bool shift) {
+void xQGLWidget_ZoomHandler::zoom_to(int release_x, int release_y, bool shift) {
+    const geometry3D::Point& p = _press_point;
     if (_moved) {
         // A small drag zooms far in, a drag over the whole view not at all.
         const double f = std::max(std::fabs(fx(release_x)), std::fabs(fy(release_y)));
@@ -97,7 +103,6 @@ void xQGLWidget_ZoomHandler::zoom_to(const geometry3D::Point& p, int release_x, 
         return;
     }
     const double z = shift ? -0.06 : 0.06;
-    _widget->ignore_repaint(false);
     xQGLCamera c(_widget->camera());
     if (c.projection() == orthographic) {
         look_at(c, p);
@@ -121,7 +126,6 @@ void xQGLWidget_ZoomHandler::finish() {
     _moved = false;
     _widget->ignore_repaint(false);
     _widget->setCursor(cursor());
-    _widget->repaint();
 }
 
 } // namespace xqtgl

@@ -20,8 +20,13 @@ public:
 
 private:
     void draw_lens(int x, int y);
-    void zoom_to(const geometry3D::Point& p, int release_x, int release_y, bool shift);
+    /// Zooms towards the point picked at the press.
+    void zoom_to(int release_x, int release_y, bool shift);
+    /// Forgets the press and puts the cursor back; the moves have repainted already.
     void finish();
+
+    geometry3D::Point _press_point;
+    bool _press_hit = false;
 };
 
 } // namespace xqtgl

@@ -80,7 +80,10 @@ private slots:
         document.replace("</objects>", R"(<visualisationSection version="1.4"><viewContainer ID="VC" name="Views">
 <view ID="V1" name="Close up" current="true">
 <camera eye="-3 -3 2" lookat="0 0 1" up="0 0 1" nearPlane="0.1" farPlane="100" viewAngle="45" aspectRatio="1.6" projType="perspective"/>
-</view></viewContainer></visualisationSection></objects>)");
+</view>
+<view ID="V2" name="Kept square"><camera eye="-10 -12 9" lookat="2 1 1" up="0 0 1" nearPlane="0.1" farPlane="100" viewAngle="45" aspectRatio="1" projType="orthographic" expOrthoWidth="14" expOrthoHeight="14" orthoWidth="14" orthoHeight="14" savedEye="0 0 0" savedLookat="0 0 0"/></view>
+<view ID="V3" name="Kept wide"><camera eye="-10 -12 9" lookat="2 1 1" up="0 0 1" nearPlane="0.1" farPlane="100" viewAngle="45" aspectRatio="1" projType="orthographic" expOrthoWidth="14" expOrthoHeight="14" orthoWidth="40" orthoHeight="14" savedEye="0 0 0" savedLookat="0 0 0"/></view>
+</viewContainer></visualisationSection></objects>)");
         const QString path = _folder.filePath("with-view.oxaxml");
         QFile target(path);
         QVERIFY(target.open(QIODevice::WriteOnly) && target.write(document) == document.size());
@@ -88,6 +91,11 @@ private slots:
         const QImage close_up = render("close-up", {"--viewpoint", "Close up"}, path);
         QVERIFY(!close_up.isNull());
         QVERIFY(close_up != render("iso-of-document", {}, path));
+        // An orthographic view is fitted to the picture by its expected sizes, whatever shape of
+        // window it was kept at.
+        const QImage square = render("kept-square", {"--viewpoint", "Kept square"}, path);
+        QVERIFY(drawn_share(square) > 0.005);
+        QCOMPARE(render("kept-wide", {"--viewpoint", "V3"}, path), square);
 
         const CliResult unknown =
             run_cli({"render", path, "-o", _folder.filePath("x.png"), "--viewpoint", "Nowhere"}, without_display());
@@ -115,6 +123,7 @@ private slots:
         QTest::newRow("bad view") << QStringList{"render", "m.oxaxml", "-o", "a.png", "--view", "up"};
         QTest::newRow("bad clip") << QStringList{"render", "m.oxaxml", "-o", "a.png", "--clip", "w:1"};
         QTest::newRow("bad colour") << QStringList{"render", "m.oxaxml", "-o", "a.png", "--background", "red"};
+        QTest::newRow("view and viewpoint") << QStringList{"render", "m.oxaxml", "-o", "a.png", "--view", "top", "--viewpoint", "V1"};
     }
 
     void bad_requests_are_usage_errors() {
