@@ -217,7 +217,7 @@ void xQGLWidget::SelectRegionGraphical(int x, int y, int w, int h, int mode, boo
     QCoreApplication::processEvents();
 }
 
-mesh3D::Surface* xQGLWidget::PickObjectGraphical(int x, int y, geometry3D::point* point) {
+mesh3D::Surface* xQGLWidget::PickObjectGraphical(int x, int y, geometry3D::point* point, xQGLWidget_Painter** painter) {
     bool hit = false;
     const geometry3D::point picked = pick_point(x, y, &hit);
     if (!hit)
@@ -228,9 +228,12 @@ mesh3D::Surface* xQGLWidget::PickObjectGraphical(int x, int y, geometry3D::point
         return nullptr;
     if (point)
         *point = picked;
-    for (xQGLWidget_Painter* painter : _painters)
-        if (mesh3D::Element* element = painter->GetElementFromId(*ids.begin()))
+    for (xQGLWidget_Painter* owner : _painters)
+        if (mesh3D::Element* element = owner->GetElementFromId(*ids.begin())) {
+            if (painter)
+                *painter = owner;
             return dynamic_cast<mesh3D::Surface*>(element);
+        }
     return nullptr;
 }
 

@@ -21,6 +21,18 @@ struct BoxRow : ModelScene {
                          i < 5 ? root : group);
     }
 
+    /// The point at height z under a window pixel: the fixture's projection inverted, which is
+    /// affine on a plane square to an orthographic view.
+    static geometry3D::point under(const xQGLWidget& view, QPoint pixel, double z) {
+        const geometry3D::point o = view.camera().lookat().to_primitive();
+        const QPointF at = ViewFixture::project(view, o.x, o.y, z);
+        const QPointF ex = ViewFixture::project(view, o.x + 1.0, o.y, z) - at;
+        const QPointF ey = ViewFixture::project(view, o.x, o.y + 1.0, z) - at;
+        const QPointF d = QPointF(pixel) - at;
+        const double det = ex.x() * ey.y() - ex.y() * ey.x();
+        return {o.x + (d.x() * ey.y() - d.y() * ey.x()) / det, o.y + (ex.x() * d.y() - ex.y() * d.x()) / det, z};
+    }
+
     /// The window pixel over the top face of box i, at the fraction (fx, fy) of its extent.
     static QPointF on_top(const xQGLWidget& view, const BoxRow& row, int i, double fx = 0.5, double fy = 0.5) {
         return ViewFixture::project(view, row.offset.x + 2.0 * i + fx, row.offset.y + fy, row.offset.z + 1.0);
@@ -29,6 +41,10 @@ struct BoxRow : ModelScene {
 
 class tst_picking : public QObject {
     Q_OBJECT
+
+    static bool within_a_millimetre(const geometry3D::point& p, const geometry3D::point& q) {
+        return std::fabs(p.x - q.x) < 0.001 && std::fabs(p.y - q.y) < 0.001 && std::fabs(p.z - q.z) < 0.001;
+    }
 
     struct Scene {
         BoxRow row;
@@ -103,14 +119,21 @@ private slots:
         scene.click(2, Qt::ControlModifier);
         QCOMPARE(scene.selected(), QStringList{"C1"});
 
+        // Picked points are world points, exact to the millimetre however far the model lies from zero.
+        const QPoint pixel = BoxRow::on_top(scene.view, scene.row, 3, 0.3, 0.6).toPoint();
+        const geometry3D::point truth = BoxRow::under(scene.view, pixel, scene.row.offset.z + 1.0);
         bool hit = false;
-        const QPointF centre = BoxRow::on_top(scene.view, scene.row, 3);
-        const geometry3D::point p = scene.view.pick_point(int(centre.x()), int(centre.y()), &hit);
+        const geometry3D::point depth_read = scene.view.pick_point(pixel.x(), pixel.y(), &hit);
         QVERIFY(hit);
-        QVERIFY2(std::fabs(p.z - 1.0) < 0.001, qPrintable(QString::number(p.z - 1.0)));
-        // Across the view a pixel is some 4 cm; depth is exact.
-        QVERIFY2(std::fabs(p.x - (x + 6.5)) < 0.1 && std::fabs(p.y - (y + 0.5)) < 0.1,
-                 qPrintable(QString("%1 %2").arg(p.x - x, 0, 'f', 4).arg(p.y - y, 0, 'f', 4)));
+        QVERIFY(within_a_millimetre(depth_read, truth));
+        geometry3D::point on_pick{0.0, 0.0, 0.0};
+        QCOMPARE(scene.view.PickObject(pixel.x(), pixel.y(), &on_pick), scene.row.boxes[3]);
+        // A ray pick gives the point where the line of sight meets the look-at depth.
+        QVERIFY(within_a_millimetre(on_pick, {truth.x, truth.y, geometric ? scene.view.camera().lookat().z() : truth.z}));
+        // Snapping goes to B3's outline corner nearest the line of sight: (6, 1) at (0.3, 0.6).
+        geometry3D::point corner{0.0, 0.0, 0.0};
+        QCOMPARE(scene.view.PickObjectPoint(pixel.x(), pixel.y(), on_pick, corner), scene.row.boxes[3]);
+        QVERIFY(within_a_millimetre({corner.x, corner.y, 0.0}, {x + 6.0, y + 1.0, 0.0}));
     }
 
     void a_rubber_band_selects_what_it_surrounds_or_touches_data() {
@@ -145,22 +168,53 @@ private slots:
         QCOMPARE(scene.selected(), expected + QStringList{"B4"});
     }
 
+    void a_clipped_away_part_is_neither_drawn_nor_picked_data() {
+        QTest::addColumn<bool>("geometric");
+        QTest::addColumn<double>("nz");
+        QTest::addColumn<double>("fx");
+        QTest::addColumn<bool>("picked");
+        QTest::addColumn<double>("band_from");
+        QTest::addColumn<double>("band_to");
+        QTest::addColumn<bool>("touch");
+        QTest::addColumn<bool>("banded");
+        // Planes through the middle of B2: nz 0 keeps x <= 4.5, nz 1 keeps z <= 0.5. The band runs
+        // over B2 from band_from to band_to of its width.
+        QTest::newRow("colour ids, beyond the cut") << false << 0.0 << 0.8 << false << 0.6 << 1.4 << true << false;
+        QTest::newRow("colour ids, the part kept") << false << 0.0 << 0.2 << true << -0.3 << 0.6 << false << true;
+        QTest::newRow("ray and frustum, beyond the cut") << true << 0.0 << 0.8 << false << 0.6 << 1.4 << true << false;
+        QTest::newRow("ray and frustum, around the part kept") << true << 0.0 << 0.2 << true << -0.3 << 0.6 << false << true;
+        QTest::newRow("colour ids, into the open box") << false << 1.0 << 0.8 << true << 0.6 << 1.4 << true << true;
+        QTest::newRow("ray and frustum, into the open box") << true << 1.0 << 0.8 << true << -0.3 << 1.3 << false << true;
+    }
+
     void a_clipped_away_part_is_neither_drawn_nor_picked() {
+        QFETCH(bool, geometric);
+        QFETCH(double, nz);
+        QFETCH(double, fx);
+        QFETCH(bool, picked);
+        QFETCH(double, band_from);
+        QFETCH(double, band_to);
+        QFETCH(bool, touch);
+        QFETCH(bool, banded);
+        xQGLWidget::SelectSingleGeometric(geometric);
+        xQGLWidget::SelectRegionGeometric(geometric);
         Scene scene;
         xQGLWidget_Options options(scene.view.options());
-        // Keep what lies left of the middle of B2.
-        options.clipping_plane(geometry3D::Plane(vmp::Vector(-1.0, 0.0, 0.0), -4.5));
+        options.clipping_plane(geometry3D::Plane(vmp::Vector(nz - 1.0, 0.0, -nz), nz > 0.0 ? -0.5 : -4.5));
         options.plane_clipping_enabled(true);
         scene.view.options(options);
         const QImage frame = ViewFixture::frame(scene.view);
-        ViewFixture::save(frame, "picking_clipped");
-        const QRgb background = frame.pixel(2, 2);
-        QVERIFY(ViewFixture::pixel(frame, BoxRow::on_top(scene.view, scene.row, 2, 0.8)) == background);
-        QVERIFY(ViewFixture::pixel(frame, BoxRow::on_top(scene.view, scene.row, 2, 0.2)) != background);
-        scene.click(2, Qt::NoModifier, 0.8);
-        QCOMPARE(scene.selected(), QStringList());
-        scene.click(2, Qt::NoModifier, 0.2);
-        QCOMPARE(scene.selected(), QStringList{"B2"});
+        ViewFixture::save(frame, QString("picking_clipped_%1").arg(nz));
+        // Into the open box the eye meets its floor, which a pick must return too.
+        QCOMPARE(ViewFixture::pixel(frame, BoxRow::on_top(scene.view, scene.row, 2, fx)) != frame.pixel(2, 2), picked);
+        scene.click(2, Qt::NoModifier, fx);
+        QCOMPARE(scene.selected(), picked ? QStringList{"B2"} : QStringList());
+        QPointF from = BoxRow::on_top(scene.view, scene.row, 2, band_from, 1.5);
+        QPointF to = BoxRow::on_top(scene.view, scene.row, 2, band_to, -0.5);
+        if (touch)
+            std::swap(from, to);
+        scene.drag(from, to);
+        QCOMPARE(scene.selected(), banded ? QStringList{"B2"} : QStringList());
     }
 
     void the_ids_of_two_painters_do_not_collide() {
