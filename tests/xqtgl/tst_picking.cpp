@@ -140,9 +140,9 @@ private slots:
         QTest::addColumn<bool>("geometric");
         QTest::addColumn<bool>("towards_upper_left");
         QTest::addColumn<QStringList>("expected");
-        QTest::newRow("surround") << true << false << QStringList{"B2"};
-        QTest::newRow("touch") << true << true << QStringList{"B1", "B2", "B3"};
-        QTest::newRow("colour ids take what shows") << false << false << QStringList{"B1", "B2", "B3"};
+        QTest::newRow("surround") << true << false << QStringList{"B1", "B2", "B3"};
+        QTest::newRow("touch") << true << true << QStringList{"B0", "B1", "B2", "B3", "B4"};
+        QTest::newRow("colour ids take what shows") << false << false << QStringList{"B0", "B1", "B2", "B3", "B4"};
     }
 
     void a_rubber_band_selects_what_it_surrounds_or_touches() {
@@ -151,9 +151,10 @@ private slots:
         QFETCH(QStringList, expected);
         xQGLWidget::SelectRegionGeometric(geometric);
         Scene scene;
-        // Between the middles of B1 and B3: B2 wholly inside, B1 and B3 half.
-        QPointF from = BoxRow::on_top(scene.view, scene.row, 1, 0.5, 1.5);
-        QPointF to = BoxRow::on_top(scene.view, scene.row, 3, 0.5, -0.5);
+        // Between the middles of B0 and B4: the second to the fourth box wholly inside, their
+        // neighbours half.
+        QPointF from = BoxRow::on_top(scene.view, scene.row, 0, 0.5, 1.5);
+        QPointF to = BoxRow::on_top(scene.view, scene.row, 4, 0.5, -0.5);
         if (towards_upper_left)
             std::swap(from, to);
         QSignalSpy started(&scene.view, &xQGLWidget::selection_started);
@@ -162,10 +163,10 @@ private slots:
         QCOMPARE(scene.selected(), expected);
         QCOMPARE(started.count(), 1);
         QCOMPARE(finished.count(), 1);
-        // Ctrl adds to the selection.
-        scene.drag(BoxRow::on_top(scene.view, scene.row, 4, -0.2, -0.2), BoxRow::on_top(scene.view, scene.row, 4, 1.2, 1.2),
+        // Ctrl adds to the selection; a part brings its composite.
+        scene.drag(BoxRow::on_top(scene.view, scene.row, 5, -0.2, 1.2), BoxRow::on_top(scene.view, scene.row, 5, 1.2, -0.2),
                    Qt::ControlModifier);
-        QCOMPARE(scene.selected(), expected + QStringList{"B4"});
+        QCOMPARE(scene.selected(), QStringList{"C"} + expected);
     }
 
     void a_clipped_away_part_is_neither_drawn_nor_picked_data() {
