@@ -66,11 +66,37 @@ private slots:
         const QImage plain = render("plain", {});
         const QImage dark = render("dark", {"--background", "203040"});
         QCOMPARE(dark.pixel(0, 0), qRgb(0x20, 0x30, 0x40));
-        QVERIFY(drawn_share(render("cut", {"--clip", "-z:1.0"})) < drawn_share(plain));
         QVERIFY(render("selected", {"--select", "W1"}) != plain);
         QVERIFY(render("orthographic", {"--orthographic"}) != plain);
         QVERIFY(render("perspective north", {"--view", "north", "--perspective"}) !=
                 render("north", {"--view", "north"}));
+    }
+
+    void a_cut_leaves_what_lies_on_its_kept_side() {
+        // Looking north at the walls (z 0 to 3): the middle column runs up a wall, and the cut at
+        // z = 1 lies a third of the way up from its foot.
+        const QImage plain = render("south", {"--view", "south"});
+        const QImage cut = render("south, cut", {"--view", "south", "--clip", "-z:1.0"});
+        const int x = plain.width() / 2;
+        const QRgb background = plain.pixel(0, 0);
+        int top = 0, foot = plain.height() - 1;
+        while (top < foot && plain.pixel(x, top) == background)
+            ++top;
+        while (foot > top && plain.pixel(x, foot) == background)
+            --foot;
+        QVERIFY2(foot - top > 30, qPrintable(QString("wall from row %1 to %2").arg(top).arg(foot)));
+        const int at_cut = foot - (foot - top) / 3;
+        for (int y = top; y <= foot; ++y)
+            if (std::abs(y - at_cut) > 2)
+                QVERIFY2((cut.pixel(x, y) == plain.pixel(x, y)) == (y > at_cut), qPrintable(QString::number(y)));
+
+        for (const QString id : {"NOPE", "L00"}) {
+            const CliResult refused = run_cli({"render", _sample, "-o", _folder.filePath("s.png"), "--select", id},
+                                              without_display());
+            QCOMPARE(refused.code, 1);
+            QVERIFY2(refused.err.contains(id), qPrintable(refused.err));
+            QVERIFY(!QFile::exists(_folder.filePath("s.png")));
+        }
     }
 
     void a_stored_viewpoint_places_the_camera() {
