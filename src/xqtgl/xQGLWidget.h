@@ -207,9 +207,11 @@ public:
     // 1 a region selecting what lies wholly inside, 2 a region selecting what it touches.
     /// By ray or by colour id, as the process-wide switch says; the world point and the owning
     /// painter come back where asked for.
-    mesh3D::Surface* PickObject(int x, int y, geometry3D::point* point, xQGLWidget_Painter** painter = nullptr);
+    mesh3D::Surface* PickObject(int x, int y, geometry3D::point* point,
+                                xQGLWidget_Painter** painter = nullptr);
     /// By the colour of the id under the pixel; null on background.
-    mesh3D::Surface* PickObjectGraphical(int x, int y, geometry3D::point* point, xQGLWidget_Painter** painter = nullptr);
+    mesh3D::Surface* PickObjectGraphical(int x, int y, geometry3D::point* point,
+                                         xQGLWidget_Painter** painter = nullptr);
     /// By a ray from the eye through the pixel: the nearest surface hit, and its painter.
     mesh3D::Surface* PickObjectGeometrical(int x, int y, xQGLWidget_Painter** painter, geometry3D::point* point);
     /// `PickObject`, and in `nearest` the vertex of the object's outline closest to the line of

@@ -233,7 +233,8 @@ void xQGLWidget::SelectRegionGraphical(int x, int y, int w, int h, int mode, boo
     QCoreApplication::processEvents();
 }
 
-mesh3D::Surface* xQGLWidget::PickObjectGraphical(int x, int y, geometry3D::point* point, xQGLWidget_Painter** painter) {
+mesh3D::Surface* xQGLWidget::PickObjectGraphical(int x, int y, geometry3D::point* point,
+                                                 xQGLWidget_Painter** painter) {
     bool hit = false;
     const geometry3D::point picked = pick_point(x, y, &hit);
     if (!hit)
