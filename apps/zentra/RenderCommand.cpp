@@ -218,6 +218,13 @@ int run_render(const QStringList& arguments, QTextStream& out, QTextStream& err)
             return 1;
         }
         painter->select_element(element, true);
+        // A plain container has no selected look of its own; drawing nothing selected would
+        // pass for success.
+        if (!painter->is_selected(element)) {
+            err << "zentra render: '" << request.selected_id
+                << "' cannot be drawn selected: it is a plain container, not an object or a composite\n";
+            return 1;
+        }
     }
     if (!apply_view(widget, model.root(), request, &problem)) {
         err << "zentra render: " << problem << "\n";

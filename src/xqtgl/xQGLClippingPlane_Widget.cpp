@@ -205,11 +205,13 @@ void xQGLClippingPlane_Widget::update_gui() {
     QPushButton* buttons[3][2] = {{_ui->pushButton_x, _ui->pushButton_negx},
                                   {_ui->pushButton_y, _ui->pushButton_negy},
                                   {_ui->pushButton_z, _ui->pushButton_negz}};
-    for (int axis = 0; axis < 3; ++axis) {
-        const double component = plane.n()[axis];
-        if (component == 0.0)
-            continue;
-        const bool negative = component < 0.0;
+    // X, then Y, then Z: of an oblique normal the last axis with a share names the plane.
+    int axis = -1;
+    for (int a = 0; a < 3; ++a)
+        if (plane.n()[a] != 0.0)
+            axis = a;
+    if (axis >= 0) {
+        const bool negative = plane.n()[axis] < 0.0;
         buttons[axis][negative ? 1 : 0]->setChecked(true);
         show_limits(axis);
         const double v = negative ? -plane.d() : plane.d();
@@ -217,7 +219,6 @@ void xQGLClippingPlane_Widget::update_gui() {
         if (span != 0.0)
             _ui->slider_position->setValue(int(std::lround((v - min_of(axis)) / span * 100.0)));
         _ui->lineEdit_position->setText(three_decimals(v));
-        break;
     }
     _updating = false;
 }

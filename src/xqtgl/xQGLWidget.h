@@ -205,11 +205,18 @@ public:
     // Picking of objects. Mode: 0 replaces the selection, 1 toggles what is hit, 2 adds to it.
     // `single`: a hit stands for itself, else for its outermost composite. Kind: 0 a click,
     // 1 a region selecting what lies wholly inside, 2 a region selecting what it touches.
-    mesh3D::Surface* PickObject(int x, int y, geometry3D::point* point);
+    /// By ray or by colour id, as the process-wide switch says; the world point and the owning
+    /// painter come back where asked for.
+    mesh3D::Surface* PickObject(int x, int y, geometry3D::point* point,
+                                xQGLWidget_Painter** painter = nullptr);
     /// By the colour of the id under the pixel; null on background.
-    mesh3D::Surface* PickObjectGraphical(int x, int y, geometry3D::point* point);
+    mesh3D::Surface* PickObjectGraphical(int x, int y, geometry3D::point* point,
+                                         xQGLWidget_Painter** painter = nullptr);
     /// By a ray from the eye through the pixel: the nearest surface hit, and its painter.
     mesh3D::Surface* PickObjectGeometrical(int x, int y, xQGLWidget_Painter** painter, geometry3D::point* point);
+    /// `PickObject`, and in `nearest` the vertex of the object's outline closest to the line of
+    /// sight through the pixel, for snapping; null and both points untouched on background.
+    mesh3D::Surface* PickObjectPoint(int x, int y, geometry3D::point& point, geometry3D::point& nearest);
     /// The identifier of the object under the pixel, or an empty string.
     QString PickObjectID(int x, int y);
     virtual void SelectRegion(int x, int y, int w, int h, int mode, bool single, int kind);
@@ -226,10 +233,12 @@ public:
     void renderSelectionScene(int x, int y, int w, int h);
     void set_pickmatrix(int x, int y, int w, int h);
     /// 1 when a point of the surface lies inside all five planes, 2 when no point does but the
-    /// points lie on the inner side of every side plane, else 0.
-    static int ClassifySurfaceTouch(mesh3D::Surface* surface, geometry3D::Plane** const planes);
-    /// True when every point of the surface lies inside all five planes.
-    static bool ClassifySurfaceSurround(mesh3D::Surface* surface, geometry3D::Plane** const planes);
+    /// points lie on the inner side of every side plane, else 0. Points on a plane count as
+    /// inside; only what the clipping plane keeps counts at all.
+    int ClassifySurfaceTouch(mesh3D::Surface* surface, geometry3D::Plane** const planes) const;
+    /// True when every point of the surface that the clipping plane keeps lies inside all five
+    /// planes, and there is such a point.
+    bool ClassifySurfaceSurround(mesh3D::Surface* surface, geometry3D::Plane** const planes) const;
     static void Build4Rays(const geometry3D::Point& eye, geometry3D::point* const corners, geometry3D::Ray** const rays);
     /// The four side planes of the frustum through the near and far corners, facing inward.
     static void Build4SidePlanes(geometry3D::point* const near_corners, geometry3D::point* const far_corners,

@@ -24,8 +24,45 @@ using geometry3D::Point;
 // A point inside the frustum lies on the inner side of a plane or on the plane itself.
 bool inside(const geometry3D::Plane& plane, const Point& p) { return plane.classify(p) != geometry3D::Behind; }
 
-/// The nearest hit of the ray on the surface's triangles, or false.
-bool hit_distance(const geometry3D::Ray& ray, const mesh3D::Surface& surface, double* distance) {
+Point along(const geometry3D::Ray& ray, double distance) {
+    const vmp::Vector& d = ray.direction();
+    return ray.origin() + Point(d[0], d[1], d[2]) * distance;
+}
+
+/// The half-space that the clipping plane keeps, as GL keeps it (n . p >= d); all of space
+/// when clipping is off. What lies beyond it is not drawn, so it must not be picked either.
+class kept_side {
+public:
+    explicit kept_side(const xQGLWidget_Options& options)
+        : _on(options.plane_clipping_enabled()), _plane(options.clipping_plane()) {}
+
+    bool cuts() const { return _on; }
+    bool keeps(const Point& p) const { return !_on || _plane.distance(p) >= 0.0; }
+    /// Where the segment between a kept and a removed point meets the plane.
+    Point crossing(const Point& a, const Point& b) const {
+        const double da = _plane.distance(a), db = _plane.distance(b);
+        return a + (b - a) * (da / (da - db));
+    }
+    bool removes_all_of(const geometry3D::boundingbox& b) const {
+        // An empty box, minima above maxima, tells nothing.
+        if (!_on || b.xmin > b.xmax)
+            return false;
+        for (double x : {b.xmin, b.xmax})
+            for (double y : {b.ymin, b.ymax})
+                for (double z : {b.zmin, b.zmax})
+                    if (keeps(Point(x, y, z)))
+                        return false;
+        return true;
+    }
+
+private:
+    bool _on;
+    geometry3D::Plane _plane;
+};
+
+/// The nearest hit of the ray on the surface's triangles that the clipping plane keeps, or false.
+bool hit_distance(const geometry3D::Ray& ray, const mesh3D::Surface& surface, const kept_side& kept,
+                  double* distance) {
     QList<mesh3D::Triangle*> triangles;
     surface.allTriangles(triangles);
     bool hit = false;
@@ -33,7 +70,8 @@ bool hit_distance(const geometry3D::Ray& ray, const mesh3D::Surface& surface, do
         const geometry3D::triangle corners{{triangle->vertex(0)->to_primitive(), triangle->vertex(1)->to_primitive(),
                                             triangle->vertex(2)->to_primitive()}};
         double d = 0.0;
-        if (geometry3D::intersects(ray, corners, &d) && d >= 0.0 && (!hit || d < *distance)) {
+        if (geometry3D::intersects(ray, corners, &d) && d >= 0.0 && (!hit || d < *distance) &&
+            kept.keeps(along(ray, d))) {
             *distance = d;
             hit = true;
         }
@@ -42,9 +80,9 @@ bool hit_distance(const geometry3D::Ray& ray, const mesh3D::Surface& surface, do
 }
 
 /// The surfaces a painter offers to geometric picking: those it shows, where it draws solid at
-/// all or the element itself is drawn solid.
+/// all or the element itself is drawn solid, and not wholly cut away.
 template <typename Visit>
-void for_each_pickable_surface(const QList<xQGLWidget_Painter*>& painters, Visit visit) {
+void for_each_pickable_surface(const QList<xQGLWidget_Painter*>& painters, const kept_side& kept, Visit visit) {
     for (xQGLWidget_Painter* base : painters) {
         auto* painter = dynamic_cast<mesh3D_gl::Painter*>(base);
         if (!painter || !(painter->options().draw_solid() || painter->options().draw_wired()))
@@ -54,18 +92,35 @@ void for_each_pickable_surface(const QList<xQGLWidget_Painter*>& painters, Visit
                 continue;
             if (!element->is_type(mesh3D::TYPE_OBJECT3D) && !element->is_type(mesh3D::TYPE_SURFACE))
                 continue;
-            if (auto* surface = dynamic_cast<mesh3D::Surface*>(element))
+            auto* surface = dynamic_cast<mesh3D::Surface*>(element);
+            if (surface && !kept.removes_all_of(surface->getBoundingbox()))
                 visit(painter, surface);
         }
     }
 }
 
+/// Calls `visit` on the points that outline what is left of the surface, until it returns false:
+/// its vertices, or, under a clipping plane, the kept vertices and the points where the plane
+/// cuts the triangles' edges.
 template <typename Visit>
-void for_each_point(const mesh3D::Surface& surface, Visit visit) {
-    geometry3D::OctreeIterator points(&surface.vertices());
-    while (const Point* p = points.next())
-        if (!visit(*p))
-            return;
+void for_each_point(const mesh3D::Surface& surface, const kept_side& kept, Visit visit) {
+    if (!kept.cuts()) {
+        geometry3D::OctreeIterator points(&surface.vertices());
+        while (const Point* p = points.next())
+            if (!visit(*p))
+                return;
+        return;
+    }
+    QList<mesh3D::Triangle*> triangles;
+    surface.allTriangles(triangles);
+    for (const mesh3D::Triangle* triangle : triangles)
+        for (int i = 0; i < 3; ++i) {
+            const Point a(triangle->vertex(i)->to_primitive()), b(triangle->vertex((i + 1) % 3)->to_primitive());
+            if (kept.keeps(a) && !visit(a))
+                return;
+            if (kept.keeps(a) != kept.keeps(b) && !visit(kept.crossing(a, b)))
+                return;
+        }
 }
 
 } // namespace
@@ -93,21 +148,23 @@ void xQGLWidget::Build4SidePlanes(geometry3D::point* const near_corners, geometr
     }
 }
 
-bool xQGLWidget::ClassifySurfaceSurround(mesh3D::Surface* surface, geometry3D::Plane** const planes) {
-    bool all_inside = true;
-    for_each_point(*surface, [&](const Point& p) {
+bool xQGLWidget::ClassifySurfaceSurround(mesh3D::Surface* surface, geometry3D::Plane** const planes) const {
+    // A surface with nothing left to see is surrounded by no region.
+    bool any_point = false, all_inside = true;
+    for_each_point(*surface, kept_side(_options), [&](const Point& p) {
+        any_point = true;
         all_inside = std::all_of(planes, planes + 5, [&](const geometry3D::Plane* plane) { return inside(*plane, p); });
         return all_inside;
     });
-    return all_inside;
+    return any_point && all_inside;
 }
 
-int xQGLWidget::ClassifySurfaceTouch(mesh3D::Surface* surface, geometry3D::Plane** const planes) {
+int xQGLWidget::ClassifySurfaceTouch(mesh3D::Surface* surface, geometry3D::Plane** const planes) const {
     static const std::array<int, 4> side_bits{32, 16, 2, 1};
     const int all_sides = 51;
     int seen = 0;
     bool one_point_inside = false;
-    for_each_point(*surface, [&](const Point& p) {
+    for_each_point(*surface, kept_side(_options), [&](const Point& p) {
         if (!inside(*planes[4], p))
             return true;
         int mask = 0;
@@ -134,11 +191,12 @@ mesh3D::Surface* xQGLWidget::PickObjectGeometrical(int x, int y, xQGLWidget_Pain
     vmp::Vector direction = (Point(through) - _camera.eye()).to_Vector();
     direction.normalize();
     const geometry3D::Ray ray(_camera.eye(), direction);
+    const kept_side kept(_options);
     double nearest = std::numeric_limits<double>::max();
     mesh3D::Surface* result = nullptr;
-    for_each_pickable_surface(_painters, [&](mesh3D_gl::Painter* owner, mesh3D::Surface* surface) {
+    for_each_pickable_surface(_painters, kept, [&](mesh3D_gl::Painter* owner, mesh3D::Surface* surface) {
         double d = 0.0;
-        if (hit_distance(ray, *surface, &d) && d < nearest) {
+        if (hit_distance(ray, *surface, kept, &d) && d < nearest) {
             nearest = d;
             result = surface;
             if (painter)
@@ -188,16 +246,17 @@ void xQGLWidget::SelectRegionGeometrical(int x, int y, int w, int h, int mode, b
     geometry3D::Ray* rays[4] = {&ray_storage[0], &ray_storage[1], &ray_storage[2], &ray_storage[3]};
     Build4Rays(eye, near_corners, rays);
 
+    const kept_side kept(_options);
     forward_selection_started(nullptr);
     if (mode == 0)
         for (xQGLWidget_Painter* painter : _painters)
             painter->unselect_all();
-    for_each_pickable_surface(_painters, [&](mesh3D_gl::Painter* owner, mesh3D::Surface* surface) {
+    for_each_pickable_surface(_painters, kept, [&](mesh3D_gl::Painter* owner, mesh3D::Surface* surface) {
         int result = SelectRegionGeometricSurround() ? int(ClassifySurfaceSurround(surface, planes))
                                                      : ClassifySurfaceTouch(surface, planes);
         double distance = 0.0;
         if (result == 2)
-            result = std::any_of(rays, rays + 4, [&](const geometry3D::Ray* r) { return hit_distance(*r, *surface, &distance); })
+            result = std::any_of(rays, rays + 4, [&](const geometry3D::Ray* r) { return hit_distance(*r, *surface, kept, &distance); })
                          ? 1
                          : 0;
         if (result == 1) {
@@ -209,8 +268,16 @@ void xQGLWidget::SelectRegionGeometrical(int x, int y, int w, int h, int mode, b
     forward_selection_finished(nullptr);
 }
 
-mesh3D::Surface* xQGLWidget::PickObject(int x, int y, geometry3D::point* point) {
-    return SelectSingleGeometric() ? PickObjectGeometrical(x, y, nullptr, point) : PickObjectGraphical(x, y, point);
+mesh3D::Surface* xQGLWidget::PickObject(int x, int y, geometry3D::point* point, xQGLWidget_Painter** painter) {
+    return SelectSingleGeometric() ? PickObjectGeometrical(x, y, painter, point) : PickObjectGraphical(x, y, point, painter);
+}
+
+mesh3D::Surface* xQGLWidget::PickObjectPoint(int x, int y, geometry3D::point& point, geometry3D::point& nearest) {
+    xQGLWidget_Painter* owner = nullptr;
+    mesh3D::Surface* surface = PickObject(x, y, &point, &owner);
+    if (surface)
+        nearest = owner->GetNextVisibleObjectPoint(point, surface, nullptr);
+    return surface;
 }
 
 QString xQGLWidget::PickObjectID(int x, int y) {

@@ -28,19 +28,27 @@ class pixmapQGLWidget : public QGLWidget {
 public:
     pixmapQGLWidget() : QGLWidget(QGLFormat(QGL::SingleBuffer | QGL::DepthBuffer)) {}
 
+    /// Shows the target and draws one empty frame: the window's buffers take their size at the
+    /// first drawing, and a picking pass drawn before that is lost.
+    void show_ready() {
+        show();
+        glDraw();
+    }
+
     void render(xQGLWidget* view, int x, int y, int w, int h) {
         _view = view;
         _rectangle = QRect(x, y, w, h);
-        updateGL();
+        glDraw();
+        // Later paints from the window system draw nothing, not a pass with a stale rectangle.
+        _view = nullptr;
     }
 
 protected:
-    // The picking pass sets every state it needs; there is nothing to prepare.
-    void initializeGL() override {}
     void paintGL() override {
-        if (!_view)
-            return;
-        _view->renderSelectionScene(_rectangle.x(), _rectangle.y(), _rectangle.width(), _rectangle.height());
+        if (_view)
+            _view->renderSelectionScene(_rectangle.x(), _rectangle.y(), _rectangle.width(), _rectangle.height());
+        else
+            glClear(GL_COLOR_BUFFER_BIT);
     }
 
 private:
@@ -56,8 +64,11 @@ QGLPixelBuffer* pixel_buffer(bool* first_use) {
     return buffer;
 }
 
-pixmapQGLWidget* widget_target() {
-    static pixmapQGLWidget* target = new pixmapQGLWidget;
+pixmapQGLWidget* widget_target(bool* first_use) {
+    static pixmapQGLWidget* target = nullptr;
+    *first_use = !target;
+    if (!target)
+        target = new pixmapQGLWidget;
     return target;
 }
 
@@ -160,6 +171,7 @@ void xQGLWidget::CollectIdsGraphicalWithPixelBuffer(QSet<unsigned int>& ids, int
     bool first_use = false;
     QGLPixelBuffer* buffer = pixel_buffer(&first_use);
     buffer->makeCurrent();
+    // Its context shares nothing with ours: it needs the view's own set-up once.
     if (first_use)
         initializeGL();
     renderSelectionScene(x, y, w, h);
@@ -177,13 +189,17 @@ void xQGLWidget::CollectIdsGraphicalWithPixelBuffer(QSet<unsigned int>& ids, int
 }
 
 void xQGLWidget::CollectIdsGraphicalWithWidget(QSet<unsigned int>& ids, int x, int y, int w, int h, bool first) {
-    pixmapQGLWidget* target = widget_target();
-    target->makeCurrent();
+    bool first_use = false;
+    pixmapQGLWidget* target = widget_target(&first_use);
+    target->resize(size());
     if (!target->isVisible()) {
         target->move(-2 * width(), -2 * height());
-        target->show();
+        target->show_ready();
     }
-    target->resize(size());
+    target->makeCurrent();
+    // Its context shares nothing with ours: it needs the view's own set-up once.
+    if (first_use)
+        initializeGL();
     target->render(this, x, y, w, h);
     glReadBuffer(GL_FRONT);
     const QImage picture = target->grabFrameBuffer(false);
@@ -217,7 +233,8 @@ void xQGLWidget::SelectRegionGraphical(int x, int y, int w, int h, int mode, boo
     QCoreApplication::processEvents();
 }
 
-mesh3D::Surface* xQGLWidget::PickObjectGraphical(int x, int y, geometry3D::point* point) {
+mesh3D::Surface* xQGLWidget::PickObjectGraphical(int x, int y, geometry3D::point* point,
+                                                 xQGLWidget_Painter** painter) {
     bool hit = false;
     const geometry3D::point picked = pick_point(x, y, &hit);
     if (!hit)
@@ -228,9 +245,12 @@ mesh3D::Surface* xQGLWidget::PickObjectGraphical(int x, int y, geometry3D::point
         return nullptr;
     if (point)
         *point = picked;
-    for (xQGLWidget_Painter* painter : _painters)
-        if (mesh3D::Element* element = painter->GetElementFromId(*ids.begin()))
+    for (xQGLWidget_Painter* owner : _painters)
+        if (mesh3D::Element* element = owner->GetElementFromId(*ids.begin())) {
+            if (painter)
+                *painter = owner;
             return dynamic_cast<mesh3D::Surface*>(element);
+        }
     return nullptr;
 }
 

@@ -66,11 +66,29 @@ private slots:
         const QImage plain = render("plain", {});
         const QImage dark = render("dark", {"--background", "203040"});
         QCOMPARE(dark.pixel(0, 0), qRgb(0x20, 0x30, 0x40));
-        QVERIFY(drawn_share(render("cut", {"--clip", "-z:1.0"})) < drawn_share(plain));
         QVERIFY(render("selected", {"--select", "W1"}) != plain);
         QVERIFY(render("orthographic", {"--orthographic"}) != plain);
         QVERIFY(render("perspective north", {"--view", "north", "--perspective"}) !=
                 render("north", {"--view", "north"}));
+    }
+
+    void a_cut_leaves_what_lies_on_its_kept_side() {
+        // Looking north, the middle column runs up a wall from z = 0 to 3: the cut at z = 1 lies a
+        // third of the way up from its foot.
+        const QImage plain = render("south", {"--view", "south"});
+        const QImage cut = render("south, cut", {"--view", "south", "--clip", "-z:1.0"});
+        const int x = plain.width() / 2;
+        int top = 0, foot = plain.height() - 1;
+        for (; top < foot && plain.pixel(x, top) == plain.pixel(0, 0); ++top) {}
+        for (; foot > top && plain.pixel(x, foot) == plain.pixel(0, 0); --foot) {}
+        QVERIFY(foot - top > 30);
+        const int at_cut = foot - (foot - top) / 3;
+        for (int y = top; y <= foot; ++y)
+            QVERIFY(std::abs(y - at_cut) <= 2 || (cut.pixel(x, y) == plain.pixel(x, y)) == (y > at_cut));
+        for (const QString id : {"NOPE", "L00"}) {
+            const CliResult refused = run_cli({"render", _sample, "-o", "s.png", "--select", id}, without_display());
+            QVERIFY2(refused.code == 1 && refused.err.contains(id), qPrintable(refused.err));
+        }
     }
 
     void a_stored_viewpoint_places_the_camera() {

@@ -70,6 +70,11 @@ private slots:
         QVERIFY(p.child<QPushButton>("pushButton_onoff")->isChecked());
         QCOMPARE(p.child<QSlider>("slider_position")->value(), 40);
         QCOMPARE(p.child<QLineEdit>("lineEdit_position")->text(), QString("4.000"));
+        // Of an oblique normal the later axis names the plane.
+        options.clipping_plane(geometry3D::Plane(vmp::Vector(1.0, 1.0, 0.0), 6.0));
+        p.view.options(options);
+        QVERIFY(p.child<QPushButton>("pushButton_y")->isChecked());
+        QCOMPARE(p.child<QLineEdit>("lineEdit_position")->text(), QString("6.000"));
     }
 
     void new_limits_keep_the_plane_where_it_is() {

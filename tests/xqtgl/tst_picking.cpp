@@ -103,14 +103,21 @@ private slots:
         scene.click(2, Qt::ControlModifier);
         QCOMPARE(scene.selected(), QStringList{"C1"});
 
+        // Picked points are world points, exact to the millimetre however far the model lies from
+        // zero: on the top face, under the pixel. A ray pick's lies at the look-at depth, 0.5.
+        // Snapping goes to B3's outline corner nearest the line of sight, (6, 1) for (0.3, 0.6).
+        const QPoint pixel = BoxRow::on_top(scene.view, scene.row, 3, 0.3, 0.6).toPoint();
+        const double millimetre = 0.001 * scene.view.width() / scene.view.camera().GetOrthoWidth();
+        const auto under_pixel = [&](const geometry3D::point& p, double z) {
+            return QLineF(ViewFixture::project(scene.view, p.x, p.y, p.z), pixel).length() < millimetre &&
+                   std::fabs(p.z - z) < 0.001;
+        };
         bool hit = false;
-        const QPointF centre = BoxRow::on_top(scene.view, scene.row, 3);
-        const geometry3D::point p = scene.view.pick_point(int(centre.x()), int(centre.y()), &hit);
-        QVERIFY(hit);
-        QVERIFY2(std::fabs(p.z - 1.0) < 0.001, qPrintable(QString::number(p.z - 1.0)));
-        // Across the view a pixel is some 4 cm; depth is exact.
-        QVERIFY2(std::fabs(p.x - (x + 6.5)) < 0.1 && std::fabs(p.y - (y + 0.5)) < 0.1,
-                 qPrintable(QString("%1 %2").arg(p.x - x, 0, 'f', 4).arg(p.y - y, 0, 'f', 4)));
+        QVERIFY(under_pixel(scene.view.pick_point(pixel.x(), pixel.y(), &hit), 1.0) && hit);
+        geometry3D::point picked{0.0, 0.0, 0.0}, corner{0.0, 0.0, 0.0};
+        QCOMPARE(scene.view.PickObjectPoint(pixel.x(), pixel.y(), picked, corner), scene.row.boxes[3]);
+        QVERIFY(under_pixel(picked, geometric ? 0.5 : 1.0));
+        QVERIFY(std::fabs(corner.x - x - 6.0) < 0.001 && std::fabs(corner.y - y - 1.0) < 0.001);
     }
 
     void a_rubber_band_selects_what_it_surrounds_or_touches_data() {
@@ -145,22 +152,42 @@ private slots:
         QCOMPARE(scene.selected(), expected + QStringList{"B4"});
     }
 
+    void a_clipped_away_part_is_neither_drawn_nor_picked_data() {
+        QTest::addColumn<bool>("geometric");
+        QTest::addColumn<bool>("from_above");
+        QTest::addColumn<bool>("kept");
+        // Cuts through the middle of B2 keep x <= 4.5, or z <= 0.5: the eye then meets the open box's floor.
+        QTest::newRow("colour ids, beyond the cut") << false << false << false;
+        QTest::newRow("colour ids, the part kept") << false << false << true;
+        QTest::newRow("ray and frustum, beyond the cut") << true << false << false;
+        QTest::newRow("ray and frustum, the part kept") << true << false << true;
+        QTest::newRow("ray and frustum, into the open box") << true << true << true;
+    }
+
     void a_clipped_away_part_is_neither_drawn_nor_picked() {
+        QFETCH(bool, geometric);
+        QFETCH(bool, from_above);
+        QFETCH(bool, kept);
+        xQGLWidget::SelectSingleGeometric(geometric);
+        xQGLWidget::SelectRegionGeometric(geometric);
         Scene scene;
         xQGLWidget_Options options(scene.view.options());
-        // Keep what lies left of the middle of B2.
-        options.clipping_plane(geometry3D::Plane(vmp::Vector(-1.0, 0.0, 0.0), -4.5));
+        options.clipping_plane(from_above ? geometry3D::Plane(vmp::Vector(0.0, 0.0, -1.0), -0.5)
+                                          : geometry3D::Plane(vmp::Vector(-1.0, 0.0, 0.0), -4.5));
         options.plane_clipping_enabled(true);
         scene.view.options(options);
         const QImage frame = ViewFixture::frame(scene.view);
         ViewFixture::save(frame, "picking_clipped");
-        const QRgb background = frame.pixel(2, 2);
-        QVERIFY(ViewFixture::pixel(frame, BoxRow::on_top(scene.view, scene.row, 2, 0.8)) == background);
-        QVERIFY(ViewFixture::pixel(frame, BoxRow::on_top(scene.view, scene.row, 2, 0.2)) != background);
-        scene.click(2, Qt::NoModifier, 0.8);
-        QCOMPARE(scene.selected(), QStringList());
-        scene.click(2, Qt::NoModifier, 0.2);
-        QCOMPARE(scene.selected(), QStringList{"B2"});
+        const double fx = kept && !from_above ? 0.2 : 0.8;
+        const QStringList b2 = kept ? QStringList{"B2"} : QStringList();
+        QCOMPARE(ViewFixture::pixel(frame, BoxRow::on_top(scene.view, scene.row, 2, fx)) != frame.pixel(2, 2), kept);
+        scene.click(2, Qt::NoModifier, fx);
+        QCOMPARE(scene.selected(), b2);
+        // A band around what is left of B2, or one touching only what is cut away of it.
+        const QPointF upper_left = BoxRow::on_top(scene.view, scene.row, 2, kept ? -0.3 : 0.6, 1.5);
+        const QPointF lower_right = BoxRow::on_top(scene.view, scene.row, 2, kept ? fx + 0.4 : 1.4, -0.5);
+        kept ? scene.drag(upper_left, lower_right) : scene.drag(lower_right, upper_left);
+        QCOMPARE(scene.selected(), b2);
     }
 
     void the_ids_of_two_painters_do_not_collide() {
