@@ -130,10 +130,8 @@ private slots:
         QVERIFY(handler.oxaReadXML(&root, path, nullptr));
         const QString dump = dir.filePath("dump.txt");
         oxa::OxaFileHandler::DumpContainerInFile(&root, dump);
-        QFile file(dump);
-        QVERIFY(file.open(QIODevice::ReadOnly));
         const QString id = root.RootContainer()->id();
-        QCOMPARE(QString::fromUtf8(file.readAll()),
+        QCOMPARE(QString::fromUtf8(fixture::ReadFile(dump)),
                  "<Container composite=0 name=\"" + root.RootContainer()->name() + "\" ID=\"" + id + "\">\n" +
                      "  <Container composite=1 name=\"outer\" ID=\"OUT\">\n"
                      "    <Container composite=0 name=\"inner\" ID=\"IN\">\n"

@@ -132,17 +132,8 @@ void tst_OxaXmlReader::materials() {
 
     mesh3D::Material* m1 = model.Material("M1");
     QVERIFY(m1);
-    QCOMPARE(m1->name(), QString("Brick & mortar"));
-    QCOMPARE(m1->diffuse().r, 170.0f / 255);
-    QCOMPARE(m1->diffuse().g, 74.0f / 255);
-    QCOMPARE(m1->diffuse().b, 68.0f / 255);
-    QCOMPARE(m1->diffuse().a, 1.0f);
-    QCOMPARE(m1->specular().b, 40.0f / 255);
-    QCOMPARE(m1->specular().a, 0.5f);
-    QCOMPARE(m1->ambient().r, 64.0f / 255);
-    QCOMPARE(m1->ambient().a, 0.375f);
-    QCOMPARE(m1->transparency(), 0.25);
-    QCOMPARE(m1->texture_filename(), QString("brick.jpg"));
+    QCOMPARE(fixture::MaterialSummary(*m1),
+             QString("Brick & mortar | 170 74 68 1 | 20 30 40 0.5 | 64 28 26 0.375 | trans 0.25 | shine 0 | brick.jpg"));
     // The folder of the document, a backslash and the file: the form projects store.
     QCOMPARE(m1->texture_path(), dir.path() + "\\brick.jpg");
 
@@ -544,39 +535,43 @@ void tst_OxaXmlReader::viewsAndSets() {
     const auto& containers = document->VisualisationSection().ViewContainers();
     QCOMPARE(int(containers.size()), 1);
     QCOMPARE(containers.front()->Name(), std::wstring(L"Views"));
-    const auto& views = containers.front()->Views();
-    QCOMPARE(int(views.size()), 2);
-    oxaIO::IView* persp = views.front();
-    QVERIFY(persp->IsCurrent());
-    QVERIFY(persp->HasBackground());
-    QCOMPARE(persp->BackgroundColor().g, 0.0f);
-    QCOMPARE(persp->BackgroundColor().b, 0.2f);
-    QCOMPARE(int(persp->Cameras().size()), 1);
-    QCOMPARE(persp->Cameras().front()->LookAt().y, 5.0);
-    QCOMPARE(persp->Cameras().front()->ProjectionType(), 0);
-    QCOMPARE(int(persp->Lights().size()), 2);
-    oxaIO::ILight* sun = persp->Lights().front();
-    QCOMPARE(sun->Number(), 2);
-    QVERIFY(sun->IsOff());
-    QCOMPARE(sun->Type(), 63);
-    QCOMPARE(sun->Cutoff(), 30.0);
-    QCOMPARE(sun->Direction().z, -1.0);
-    QCOMPARE(sun->Diffuse().r, 1.0f);
-    QCOMPARE(sun->Diffuse().a, 0.0f); // lights take no alpha
-    QCOMPARE(sun->Specular().g, 1.0f);
-    QCOMPARE(sun->Ambient().b, 1.0f);
-    QCOMPARE(persp->Lights().back()->Type(), 65);
-    QCOMPARE(int(persp->ClippingPlanes().size()), 1);
-    QCOMPARE(persp->ClippingPlanes().front()->Distance(), 3.2);
-    QVERIFY(persp->ClippingPlanes().front()->IsOff());
-    oxaIO::IView* plan = views.back();
-    QVERIFY(!plan->HasBackground());
-    QCOMPARE(plan->ThumbnailFile(), std::wstring(L"plan.png"));
-    const oxaIO::ICamera* ortho = plan->Cameras().front();
-    QCOMPARE(ortho->ProjectionType(), 1);
-    QCOMPARE(ortho->OrthoWidth(), 22.5);
-    QCOMPARE(ortho->ExpOrthoHeight(), 17.0);
-    QCOMPARE(ortho->SavedLookAt().z, 6.0);
+    // Each view in one line: what it is, then its cameras, lights and clipping planes.
+    const auto xyz = [](const oxaIO::VCoords3D& v) { return QString("(%1 %2 %3)").arg(v.x).arg(v.y).arg(v.z); };
+    const auto rgba = [](const oxaIO::VColor4& c) { return QString("%1 %2 %3 %4").arg(c.r).arg(c.g).arg(c.b).arg(c.a); };
+    QStringList views;
+    for (oxaIO::IView* view : containers.front()->Views()) {
+        QStringList parts{QString("current %1, thumbnail '%2', background %3")
+                              .arg(view->IsCurrent())
+                              .arg(QString::fromStdWString(view->ThumbnailFile()),
+                                   view->HasBackground() ? rgba(view->BackgroundColor()) : "none")};
+        for (const oxaIO::ICamera* camera : view->Cameras())
+            parts << QString("camera %1 at %2 ortho %3 x %4, exp. height %5, saved look at %6")
+                         .arg(camera->ProjectionType())
+                         .arg(xyz(camera->LookAt()))
+                         .arg(camera->OrthoWidth())
+                         .arg(camera->OrthoHeight())
+                         .arg(camera->ExpOrthoHeight())
+                         .arg(xyz(camera->SavedLookAt()));
+        for (const oxaIO::ILight* light : view->Lights())
+            parts << QString("light %1 off %2 type %3 cutoff %4 dir %5 diff %6 spec %7 amb %8")
+                         .arg(light->Number())
+                         .arg(light->IsOff())
+                         .arg(light->Type())
+                         .arg(light->Cutoff())
+                         .arg(xyz(light->Direction()), rgba(light->Diffuse()), rgba(light->Specular()),
+                              rgba(light->Ambient()));
+        for (const oxaIO::IClippingPlane* plane : view->ClippingPlanes())
+            parts << QString("plane %1 off %2").arg(plane->Distance()).arg(plane->IsOff());
+        views << parts.join("; ");
+    }
+    // Lights and backgrounds take no alpha.
+    QCOMPARE(views, (QStringList{
+                        "current 1, thumbnail '', background 1 0 0.2 0; camera 0 at (4 5 6) ortho 0 x 0, exp. "
+                        "height 0, saved look at (0 0 0); light 2 off 1 type 63 cutoff 30 dir (0 0 -1) diff 1 0 0 0 "
+                        "spec 0 1 0 0 amb 0 0 1 0; light 3 off 0 type 65 cutoff 0 dir (0 1 0) diff 0 0 0 0 spec 0 0 0 "
+                        "0 amb 0 0 0 0; plane 3.2 off 1",
+                        "current 0, thumbnail 'plan.png', background none; camera 1 at (0 0 0) ortho 22.5 x 19, exp. "
+                        "height 17, saved look at (4 5 6)"}));
 
     const std::list<oxaIO::ISet*> sets = document->ActivitySection().SetSection().SetList();
     QCOMPARE(int(sets.size()), 1);

@@ -1,3 +1,4 @@
+#include "common/RecordingReader.h"
 #include "oxaIO/OxaWriter.h"
 #include "tavxmln/CXMLException.h"
 
@@ -10,6 +11,7 @@
 #include <sstream>
 
 using namespace oxaIO;
+using recording::RecordingReader;
 using tavxmln::CXMLException;
 
 namespace {
@@ -133,7 +135,6 @@ private slots:
     void grammar_data();
     void grammar();
     void documentStart();
-    void sectionTypes_data();
     void sectionTypes();
     void valueChecks_data();
     void valueChecks();
@@ -210,41 +211,25 @@ void tst_OxaWriter::documentStart() {
              QString("StartOxaDocument: Document already in progress"));
 }
 
-void tst_OxaWriter::sectionTypes_data() {
-    QTest::addColumn<int>("type");
-    QTest::addColumn<QString>("written");
-    const QStringList names = {"",
-                               "objectSection",
-                               "",
-                               "propertySection",
-                               "topologySection",
-                               "fitSection",
-                               "unitSection",
-                               "currencySection",
-                               "visualisationSection",
-                               "materialSection",
-                               "bsSection",
-                               "setSection",
-                               "activitySection",
-                               "",
-                               "loggingSection"};
-    for (int type = 0; type < names.size(); ++type)
-        QTest::newRow(qPrintable(QString::number(type))) << type << names[type];
-    QTest::newRow("out of range") << 15 << QString();
-}
-
 void tst_OxaWriter::sectionTypes() {
-    QFETCH(int, type);
-    QFETCH(QString, written);
-    const Call call = [type](OxaWriter& w) { w.Section(ESectionType(type)); };
-    if (written.isEmpty()) {
+    // Every type the writer names reads back as that type: the two tables agree. The types
+    // without a name are refused.
+    QList<int> refused;
+    for (int type = 0; type <= 15; ++type) {
+        const Call call = [type](OxaWriter& w) { w.Section(ESectionType(type)); };
         Session session;
         Enter(session.writer, esContent);
-        QCOMPARE(Outcome([&] { call(session.writer); }),
-                 std::make_pair(6, QString("Section: unknown section type")));
-    } else {
-        QCOMPARE(Fragment(esContent, call), "<section name=\"" + written + "\"/>");
+        const auto outcome = Outcome([&] { call(session.writer); });
+        if (outcome.first != -1) {
+            QCOMPARE(outcome, std::make_pair(6, QString("Section: unknown section type")));
+            refused << type;
+            continue;
+        }
+        RecordingReader reader;
+        reader.Read(("<objects><content>" + Fragment(esContent, call) + "</content></objects>").toUtf8());
+        QVERIFY2(reader.calls.contains(QString("Section(%1)").arg(type)), qPrintable(reader.calls.join(" ")));
     }
+    QCOMPARE(refused, (QList<int>{0, 2, 13, 15}));
 }
 
 void tst_OxaWriter::valueChecks_data() {
@@ -335,6 +320,8 @@ void tst_OxaWriter::elements_data() {
     QTest::addColumn<int>("parent");
     QTest::addColumn<Call>("call");
     QTest::addColumn<QString>("written");
+    // What a read of the written document shows is the writer's round-trip test; these rows pin
+    // what a read cannot: attributes left out, numbers as text, and elements the walk never writes.
     const VCoords3D x{1, 0, 0}, y{0, 2, 0}, z{0, 0, 3.5}, o{};
     QTest::newRow("object with everything") << int(esContainer) << Call([](OxaWriter& w) {
         w.StartObject3D(L"o", L"Wall", L"mat", true, L"r");
@@ -352,13 +339,6 @@ void tst_OxaWriter::elements_data() {
         w.StartContainer(L"c", L"N", L"mm", false);
         w.EndContainer();
     }) << "<container ID=\"c\" name=\"N\" unit=\"mm\"/>";
-    QTest::newRow("root container")
-        << int(esObjectSection) << Call([](OxaWriter& w) {
-               w.StartRootContainer(L"r", L"R");
-               w.EndRootContainer();
-           })
-        << "<rootContainer ID=\"r\" mRot=\"1.000000 0.000000 0.000000 0.000000 1.000000 0.000000 0.000000 "
-           "0.000000 1.000000\" vTrans=\"0.000000 0.000000 0.000000\" name=\"R\"/>";
     QTest::newRow("point") << int(esData3D) << Call([](OxaWriter& w) { w.Point(3, 1.5, -0.0, 1e-7); })
                            << "<p nr=\"3\" x=\"1.5\" y=\"-0\" z=\"1e-07\"/>";
     QTest::newRow("triangle with three texture coordinates") << int(esData3D) << Call([](OxaWriter& w) {
@@ -370,10 +350,6 @@ void tst_OxaWriter::elements_data() {
     QTest::newRow("triangle with four texture coordinates") << int(esTess) << Call([](OxaWriter& w) {
         w.Triangle(0, 1, 2, {{0, 0}, {1, 0}, {1, 1}, {0, 1}});
     }) << "<t p1=\"0\" p2=\"1\" p3=\"2\"/>";
-    QTest::newRow("chain") << int(esData3D) << Call([](OxaWriter& w) {
-        w.StartPolyline({0, 1, 2}, {}, plChain);
-        w.EndPolyline();
-    }) << "<pl length=\"3\" points=\"0 1 2\" type=\"Chain\"/>";
     QTest::newRow("polygon with coordinates") << int(esFace) << Call([](OxaWriter& w) {
         w.StartPolyline({0, 1, 2, 0}, {{0, 0}, {1, 0.25}}, plPolygon);
         w.EndPolyline();
@@ -382,15 +358,8 @@ void tst_OxaWriter::elements_data() {
         w.StartPolyline({}, {}, plNone);
         w.EndPolyline();
     }) << "<pl length=\"0\" points=\"\"/>";
-    QTest::newRow("colour with alpha")
-        << int(esMaterial) << Call([](OxaWriter& w) { w.MaterialDiff(255, 0, 128, 0.5); })
-        << "<diff r=\"255\" g=\"0\" b=\"128\" a=\"0.5\"/>";
     QTest::newRow("colour without alpha") << int(esView) << Call([](OxaWriter& w) { w.BgColor(1, 2, 3, {}); })
                                           << "<bgColor r=\"1\" g=\"2\" b=\"3\"/>";
-    QTest::newRow("texture file empty")
-        << int(esMaterial) << Call([](OxaWriter& w) { w.MaterialTexture(L""); }) << "<tex file=\"\"/>";
-    QTest::newRow("box") << int(esData3D) << Call([=](OxaWriter& w) { w.OptOBB(o, x, y, z); })
-                         << "<optOBB ref=\"0 0 0\" vx=\"1 0 0\" vy=\"0 2 0\" vz=\"0 0 3.5\"/>";
     QTest::newRow("symmetric contacts") << int(esTopologySection) << Call([](OxaWriter& w) {
         w.StartContacts(0.005, L"m", true);
         w.EndContacts();
@@ -408,50 +377,12 @@ void tst_OxaWriter::elements_data() {
         << Call([=](OxaWriter& w) { w.Camera(x, o, z, 0.1, 100, 45, 1.5, 0, 9, 9, 9, 9, y, y); })
         << "<camera eye=\"1 0 0\" lookat=\"0 0 0\" up=\"0 0 3.5\" nearPlane=\"0.1\" farPlane=\"100\" "
            "viewAngle=\"45\" aspectRatio=\"1.5\" projType=\"perspective\"/>";
-    QTest::newRow("orthographic camera")
-        << int(esView) << Call([=](OxaWriter& w) { w.Camera(x, o, z, 0.1, 100, 0, 1, 1, 2, 3, 4, 5, y, x); })
-        << "<camera eye=\"1 0 0\" lookat=\"0 0 0\" up=\"0 0 3.5\" nearPlane=\"0.1\" farPlane=\"100\" "
-           "viewAngle=\"0\" aspectRatio=\"1\" projType=\"orthographic\" "
-           "expOrthoWidth=\"2\" expOrthoHeight=\"3\" orthoWidth=\"4\" orthoHeight=\"5\" savedEye=\"0 2 0\" "
-           "savedLookat=\"1 0 0\"/>";
-    QTest::newRow("view with image bytes") << int(esViewContainer) << Call([](OxaWriter& w) {
-        w.StartView(L"v", L"", true, L"", reinterpret_cast<const unsigned char*>("abc"), 3);
-        w.EndView();
-    }) << "<view ID=\"v\" current=\"true\"><thumbnail>YWJj</thumbnail></view>";
-    QTest::newRow("view with thumbnail file") << int(esViewContainer) << Call([](OxaWriter& w) {
-        w.StartView(L"v", L"N", false, L"t.png", nullptr, 5);
-        w.EndView();
-    }) << "<view ID=\"v\" name=\"N\" current=\"false\" thumbnail=\"t.png\"/>";
-    QTest::newRow("light and placements")
-        << int(esView) << Call([=](OxaWriter& w) {
-               w.StartLight(2, L"", true);
-               w.Spot(x, y, 30);
-               w.Positional(x);
-               w.Directional(z);
-               w.EndLight();
-           })
-        << "<light nr=\"2\" off=\"true\"><spot pos=\"1 0 0\" dir=\"0 2 0\" cutoff=\"30\"/><positional "
-           "pos=\"1 0 0\"/><directional dir=\"0 0 3.5\"/></light>";
-    QTest::newRow("clipping plane") << int(esView) << Call([=](OxaWriter& w) { w.ClpPlane(z, 1.5, false); })
-                                    << "<clpPlane n=\"0 0 3.5\" d=\"1.5\" off=\"false\"/>";
     QTest::newRow("result with value zero and no quality")
         << int(esFormula) << Call([](OxaWriter& w) { w.Result(L"o", 0.0, L"", 0, L""); })
         << "<result refID=\"o\" value=\"0\"></result>";
     QTest::newRow("result with quality and text")
         << int(esFormula) << Call([](OxaWriter& w) { w.Result(L"o", {}, L"a & b", 3, L"g"); })
         << "<result refID=\"o\" quality=\"3\" geometry=\"g\">a &amp; b</result>";
-    QTest::newRow("plain unit") << int(esUnitSection)
-                                << Call([](OxaWriter& w) { w.Unit(L"m", 1, 2, {}, 0, L"", L"", {}, L""); })
-                                << "<unit dim=\"1\">m</unit>";
-    QTest::newRow("full unit")
-        << int(esUnitSection)
-        << Call([](OxaWriter& w) { w.Unit(L"mm", 1, 0, 3L, 1, L"m", L"m", 0.001, L"Millimetre"); })
-        << "<unit dim=\"1\" roundMode=\"up\" digits=\"3\" digitsMode=\"decimal\" baseUnit=\"m\" "
-           "linearBaseUnit=\"m\" convFactor=\"0.001\" desc=\"Millimetre\">mm</unit>";
-    QTest::newRow("schedule repeats its reference") << int(esActivitySection) << Call([](OxaWriter& w) {
-        w.StartSchedule(L"s", L"S", L"R", -1, L"R");
-        w.EndSchedule();
-    }) << "<schedule ID=\"s\" name=\"S\" ref=\"R\"><desc>R</desc></schedule>";
     QTest::newRow("schedule with duration 0") << int(esActivitySection) << Call([](OxaWriter& w) {
         w.StartSchedule(L"s", L"", L"", 0, L"");
         w.EndSchedule();
@@ -464,13 +395,6 @@ void tst_OxaWriter::elements_data() {
         w.StartActivityVis(L"a", L"A", L"", -1, L"o", L"bar");
         w.EndActivity();
     }) << "<activity ID=\"a\" refID=\"o\" name=\"A\" visType=\"bar\"/>";
-    QTest::newRow("dates") << int(esSchedule) << Call([](OxaWriter& w) {
-        w.Start(2024, 6, 1, 12, 0, 5);
-        w.End(2025, 12, 31, 23, 59, 59);
-    }) << "<start date=\"2024-06-01\" time=\"12:00:05\"/><end date=\"2025-12-31\" time=\"23:59:59\"/>";
-    QTest::newRow("object set") << int(esSetSection) << Call([](OxaWriter& w) {
-        w.ObjectSet(L"s", L"", L"Object3D", {L"B", L"A"});
-    }) << "<set ID=\"s\" ctype=\"Object3D\">A B</set>";
     QTest::newRow("smart set") << int(esSetContainer)
                                << Call([](OxaWriter& w) { w.SmartSet(L"s", L"N", L"c", L"x < 3"); })
                                << "<set ID=\"s\" name=\"N\" type=\"1\" ctype=\"c\">x &lt; 3</set>";
