@@ -29,6 +29,10 @@ inline QByteArray Document(const QByteArray& objectSection, const QByteArray& re
            unit + R"(" version="1.5">)" + objectSection + "</objectSection>" + rest + "</objects>";
 }
 
+inline QString S(const std::wstring& text) {
+    return QString::fromStdWString(text);
+}
+
 /// A material in one line: name; diffuse, specular and ambient colour (channels 0 to 255, then
 /// alpha); transparency, shininess and texture file.
 inline QString MaterialSummary(const mesh3D::Material& m) {

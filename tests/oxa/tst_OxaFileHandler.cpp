@@ -155,19 +155,6 @@ private slots:
         QVERIFY(!QFile::exists(dir.filePath("no/such/folder/dump.txt")));
     }
 
-    void settingsReachTheNextReaderOnly() {
-        basic::MessageService service;
-        oxa::OxaFileHandler handler;
-        handler.SetMultiFileSize(1000);
-        handler.SetMultiFileOffset(10);
-        handler.MsgService(&service);
-        QCOMPARE(handler.MsgService(), &service);
-        QVERIFY(!handler.IsReading());
-        // A copy shares every field; with no read running neither holds a reader.
-        const oxa::OxaFileHandler copy(handler);
-        QCOMPARE(copy.MsgService(), &service);
-    }
-
     void geometryFragmentAndStoreEntry() {
         oxa::OxaFileHandler handler;
         QString error = "untouched";

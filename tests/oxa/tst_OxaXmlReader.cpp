@@ -31,6 +31,7 @@
 
 using fixture::Document;
 using fixture::Model;
+using fixture::S;
 
 namespace {
 
@@ -488,30 +489,27 @@ void tst_OxaXmlReader::topologyIsKept() {
     Model model;
     oxaIO::OxaObjects* document = model.Read(path);
     QVERIFY(document);
+    // One contact list: 1 mm is the same tolerance as 0.001 m. The level and the relation
+    // without an identifier are left out.
     const oxaIO::OxaTopologySection& topology = document->TopologySection();
-    QCOMPARE(int(topology.GetContacts().size()), 1); // 1 mm is the same tolerance as 0.001 m
-    const oxaIO::ContactList* contacts = topology.GetContacts().front();
-    QCOMPARE(int(contacts->GetContactRelations().size()), 3);
-    QCOMPARE(contacts->GetContactRelations().back().left, std::wstring(L"B"));
-    QVERIFY(contacts->Sym());
-    QCOMPARE(int(topology.GetIntersections().size()), 1);
-    QCOMPARE(topology.GetIntersections().front()->GetIntersectionRelations().front().right,
-             std::wstring(L"Y"));
-    if (!hRefsOn) {
-        QVERIFY(topology.GetHRefDefinitions().empty());
-        QVERIFY(topology.GetHRefRelations().empty());
-        QVERIFY(topology.HRefsUnit().empty());
-        return;
-    }
-    QCOMPARE(topology.HRefsUnit(), std::wstring(L"m"));
-    QCOMPARE(int(topology.GetHRefDefinitions().size()), 2);
-    QCOMPARE(topology.GetHRefDefinitions().back()->ID(), std::wstring(L"L1"));
-    QCOMPARE(topology.GetHRefDefinitions().back()->ZValue(), 3.45);
-    QVERIFY(topology.GetHRefDefinitions().back()->Name().empty());
-    QVERIFY(dynamic_cast<oxa::HRef*>(model.system.object("L0")));
-    QCOMPARE(int(topology.GetHRefRelations().size()), 1);
-    QCOMPARE(topology.GetHRefRelations().front().hRefU, std::wstring(L"L1"));
-    QCOMPARE(topology.GetHRefRelations().front().hRefL, std::wstring(L"L0"));
+    QStringList read;
+    for (const oxaIO::ContactList* list : topology.GetContacts())
+        for (const oxaIO::VObjPairRelation& pair : list->GetContactRelations())
+            read << QString("contact %1-%2 within %3%4").arg(S(pair.left), S(pair.right)).arg(list->Eps()).arg(list->Sym() ? "" : " one way");
+    for (const oxaIO::IntersectionList* list : topology.GetIntersections())
+        for (const oxaIO::VObjPairRelation& pair : list->GetIntersectionRelations())
+            read << QString("intersection %1-%2").arg(S(pair.left), S(pair.right));
+    read << "levels in " + S(topology.HRefsUnit());
+    for (const oxaIO::IHRef* level : topology.GetHRefDefinitions())
+        read << QString("level %1 '%2' at %3").arg(S(level->ID()), S(level->Name())).arg(level->ZValue());
+    for (const oxaIO::VHRefRel& relation : topology.GetHRefRelations())
+        read << QString("%1 from %2 to %3").arg(S(relation.refID), S(relation.hRefL), S(relation.hRefU));
+    const QStringList pairs{"contact A-B within 0.001", "contact A-C within 0.001", "contact B-C within 0.001",
+                            "intersection X-Y"};
+    const QStringList levels{"levels in m", "level L0 '' at 0.25", "level L1 '' at 3.45", "A from L0 to L1"};
+    QCOMPARE(read, pairs + (hRefsOn ? levels : QStringList{"levels in "}));
+    if (hRefsOn)
+        QVERIFY(dynamic_cast<oxa::HRef*>(model.system.object("L0")));
 }
 
 void tst_OxaXmlReader::viewsAndSets() {

@@ -28,12 +28,9 @@
 #include <cmath>
 
 using fixture::Model;
+using fixture::S;
 
 namespace {
-
-QString S(const std::wstring& text) {
-    return QString::fromStdWString(text);
-}
 
 /// The figures of one object, summed the way the manifest counts them.
 struct Figures {
