@@ -20,7 +20,6 @@
 #include "oxaIO/OxaTopologySection.h"
 #include "oxaIO/OxaVisualisationSection.h"
 
-#include <QDir>
 #include <QElapsedTimer>
 #include <QFileInfo>
 
