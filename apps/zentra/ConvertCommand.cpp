@@ -108,31 +108,35 @@ int run_convert(const QStringList& arguments, QTextStream& out, QTextStream& err
         return 1;
     nest_top_level_objects(model.root());
 
-    // The copy is written beside the target and takes its name only once it has read back whole.
+    // The copy is written beside the target and takes its name only once the load was whole and
+    // the copy has read back as written: a partial model never appears under the target name.
     const QString part = output + ".part";
     remove_path(part);
     if (!write_model(model, part, err))
         return 1;
+    if (!model.errors().isEmpty() || model.cancelled()) {
+        err << "zentra convert: the model was not read whole; the copy is kept as " << part << "\n";
+        return 1;
+    }
     if (verify) {
         QElapsedTimer checking;
         checking.start();
         const LoadedModel back(part);
-        const QStringList lost = differences(model.counts(), back.counts());
-        if (!lost.isEmpty() || !back.errors().isEmpty()) {
-            err << "zentra convert: the written copy does not read back as written (" << lost.join("; ")
-                << (back.errors().isEmpty() ? "" : back.errors().join("; ")) << "); it is kept as " << part << "\n";
+        const QStringList problems = differences(model.counts(), back.counts()) + back.errors();
+        if (!problems.isEmpty()) {
+            err << "zentra convert: the written copy does not read back as written (" << problems.join("; ")
+                << "); it is kept as " << part << "\n";
             return 1;
         }
         out << QString("checked the written copy in %1 s\n").arg(checking.nsecsElapsed() / 1e9, 0, 'f', 2);
     }
-    if (QFileInfo::exists(output) && QFileInfo(output).isFile())
-        QFile::remove(output);
+    remove_path(output);
     if (!QDir().rename(part, output)) {
-        err << "zentra convert: cannot move " << part << " to " << output << " (does it exist?)\n";
+        err << "zentra convert: cannot move " << part << " to " << output << "\n";
         return 1;
     }
     out << "wrote " << output << " (" << model.root().OxaObjectsList().size() << " documents)\n";
-    return model.errors().isEmpty() && !model.cancelled() ? 0 : 1;
+    return 0;
 }
 
 const CommandRegistration registration(

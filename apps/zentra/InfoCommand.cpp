@@ -68,16 +68,20 @@ QList<Fields> document_heads(const QString& path) {
     return heads;
 }
 
-/// The head of an imported 3DS file, from the document the import made.
+/// The head of an imported 3DS file, from the document the import made, with the keys of a
+/// document's head: a 3DS file has no creation time, version or sections, so those stay empty.
 QList<Fields> import_heads(LoadedModel& model) {
     QList<Fields> heads;
     for (const oxaIO::OxaObjects* document : model.root().OxaObjectsList()) {
         const oxaIO::ExportContext& context = document->Context();
         heads << Fields{{"file", model.path()},
                         {"project id", basic::FromStdString(context.ProjectID())},
+                        {"created", QString()},
                         {"created by", basic::FromStdString(context.CreatedBy())},
                         {"source application", basic::FromStdString(context.SourceApp())},
-                        {"source format", basic::FromStdString(context.SourceFormat())}};
+                        {"source format", basic::FromStdString(context.SourceFormat())},
+                        {"version", QString()},
+                        {"sections", QString()}};
     }
     return heads;
 }

@@ -20,7 +20,6 @@
 #include "oxaIO/OxaTopologySection.h"
 #include "oxaIO/OxaVisualisationSection.h"
 
-#include <QDir>
 #include <QElapsedTimer>
 #include <QFileInfo>
 
@@ -104,8 +103,7 @@ LoadedModel::LoadedModel(const QString& path) : _path(path) {
     QElapsedTimer timer;
     timer.start();
     if (_project) {
-        const QString folder = QDir::cleanPath(info.absoluteFilePath());
-        _root.ReadFromOxaProject(folder, oxa::OxaRoot::DocumentSubfolders(folder), &reader);
+        _root.ReadFromOxaProject(path, oxa::OxaRoot::DocumentSubfolders(path), &reader);
     } else if (is_3ds(path)) {
         QString error;
         if (!oxa::DataIO_3ds::import_file(&_root, path, 1.0, &error))

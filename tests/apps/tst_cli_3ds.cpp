@@ -9,10 +9,14 @@
 #include "oxaIO/OxaObjectSection.h"
 #include "oxaIO/OxaObjects.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QTemporaryDir>
 #include <QtTest>
 
 #include "support/CliRun.h"
+#include "support/Files.h"
 
 using namespace w3ds;
 
@@ -47,19 +51,13 @@ class tst_cli_3ds : public QObject {
     }
 
     /// Two quads with one material and a group node above the first.
-    static QByteArray two_quads() {
-        const QByteArray quad_mesh = vertices({{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}}) +
-                                     faces({{0, 1, 2}, {0, 2, 3}}, face_material("Stone", {0, 1}));
-        return file(material("Stone", chunk(0xA020, color_float(0.5f, 0.5f, 0.5f))) +
-                        object("Left", quad_mesh) + object("Right", quad_mesh),
-                    keyframer(node(0, "$$$DUMMY", 0xFFFF, "Group") + node(1, "Left", 0)));
-    }
+    static QByteArray two_quads() { return sample_files().value("two quads, one under a group"); }
 
 private slots:
     void info_tells_what_a_3ds_file_holds() {
         QTemporaryDir folder;
         const QString path = folder.filePath("quads.3DS");
-        QVERIFY(save(path, two_quads()));
+        QVERIFY(fixture::WriteFile(path, two_quads()));
         const CliResult result = run({"info", path});
         QCOMPARE(result.code, 0);
         QVERIFY2(result.out.contains("source format:      3ds\n"), qPrintable(result.out));
@@ -68,6 +66,18 @@ private slots:
         QVERIFY(result.out.contains("objects:            2\n"));
         QVERIFY(result.out.contains("triangles:          4\n"));
         QVERIFY(result.out.contains("materials:          1\n"));
+        // One JSON document, its head under the keys of a document's head.
+        const CliResult json = run({"info", "--json", path});
+        QCOMPARE(json.code, 0);
+        QJsonParseError error;
+        const QJsonArray reports = QJsonDocument::fromJson(json.out.toUtf8(), &error).array();
+        QVERIFY2(error.error == QJsonParseError::NoError, qPrintable(json.out));
+        QCOMPARE(reports.size(), 1);
+        const QJsonObject head = reports.first()["documents"].toArray().first().toObject();
+        QCOMPARE(head.keys(), (QStringList{"created", "created by", "file", "project id", "sections",
+                                           "source application", "source format", "version"}));
+        QCOMPARE(head["source format"].toString(), QString("3ds"));
+        QCOMPARE(reports.first()["counts"]["objects"].toInt(), 2);
 
         const CliResult missing = run({"info", folder.filePath("none.3ds")});
         QCOMPARE(missing.code, 1);
@@ -78,7 +88,7 @@ private slots:
         QTemporaryDir folder;
         const QString input = folder.filePath("quads.3ds");
         const QString output = folder.filePath("quads.oxaxml");
-        QVERIFY(save(input, two_quads()));
+        QVERIFY(fixture::WriteFile(input, two_quads()));
         const CliResult result = run({"convert", input, output});
         QCOMPARE(result.code, 0);
         QVERIFY2(result.out.startsWith("checked the written copy in ") &&
@@ -86,9 +96,7 @@ private slots:
                  qPrintable(result.out));
         QVERIFY(!QFile::exists(output + ".part"));
         QVERIFY(!run({"convert", "--no-verify", input, output}).out.contains("checked"));
-        QFile written(output);
-        QVERIFY(written.open(QIODevice::ReadOnly));
-        const QString text = QString::fromUtf8(written.readAll());
+        const QString text = QString::fromUtf8(fixture::ReadFile(output));
         QVERIFY(text.contains("quads.3ds::Left"));
         QVERIFY(text.contains("quads.3ds::Right"));
         QVERIFY(text.contains("quads.3ds::Stone"));
@@ -102,8 +110,12 @@ private slots:
     void every_object_reads_back_whole_data() {
         QTest::addColumn<QString>("input");
         static QTemporaryDir made;
-        QVERIFY(save(made.filePath("quads.3ds"), two_quads()));
-        QTest::newRow("two quads under a group") << made.filePath("quads.3ds");
+        const QMap<QString, QByteArray> samples = sample_files();
+        for (auto sample = samples.begin(); sample != samples.end(); ++sample) {
+            const QString path = made.filePath(QString(sample.key()).replace(' ', '_') + ".3ds");
+            QVERIFY(fixture::WriteFile(path, sample.value()));
+            QTest::newRow(qPrintable(sample.key())) << path;
+        }
         const QDir corpus(ZENTRA_SHARED_DATA "/3ds");
         for (const QString& name : corpus.entryList({"*.3ds", "*.3DS"}, QDir::Files))
             QTest::newRow(qPrintable(name)) << corpus.filePath(name);

@@ -2,6 +2,7 @@
 #include <QtTest>
 
 #include "support/CliRun.h"
+#include "support/Files.h"
 
 /// `zentra info` as a script would use it: the head of each document, errors and exit codes.
 class tst_info_command : public QObject {
@@ -12,10 +13,7 @@ class tst_info_command : public QObject {
     QTemporaryDir dir;
 
     QString write(const QString& name, const QByteArray& xml) {
-        QFile file(dir.filePath(name));
-        file.open(QIODevice::WriteOnly);
-        file.write(xml);
-        return file.fileName();
+        return fixture::WriteFile(dir.filePath(name), xml) ? dir.filePath(name) : QString();
     }
 
 private slots:

@@ -11,18 +11,13 @@
 #include "oxa/OxaXmlReader.h"
 #include "oxaIO/OxaObjectSection.h"
 #include "oxaIO/OxaObjects.h"
+#include "support/Files.h"
 
-#include <QFile>
 #include <QString>
 
 #include <memory>
 
 namespace fixture {
-
-inline bool WriteFile(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
 
 /// The text of a document: `objects` with an object section of `unit` holding `objectSection`,
 /// then `rest` (further sections).
@@ -32,6 +27,23 @@ inline QByteArray Document(const QByteArray& objectSection, const QByteArray& re
 <objects projectID="P-1" createdBy="tests" sourceApp="tst 1.0" sourceFormat="hand made" created="2024-06-01T12:00:00" oxaversion="1.5">
 <objectSection unit=")" +
            unit + R"(" version="1.5">)" + objectSection + "</objectSection>" + rest + "</objects>";
+}
+
+inline QString S(const std::wstring& text) {
+    return QString::fromStdWString(text);
+}
+
+/// A material in one line: name; diffuse, specular and ambient colour (channels 0 to 255, then
+/// alpha); transparency, shininess and texture file.
+inline QString MaterialSummary(const mesh3D::Material& m) {
+    const auto colour = [](const basic::color4& c) {
+        return QString("%1 %2 %3 %4").arg(qRound(c.r * 255)).arg(qRound(c.g * 255)).arg(qRound(c.b * 255)).arg(c.a);
+    };
+    return QString("%1 | %2 | %3 | %4 | trans %5 | shine %6 | %7")
+        .arg(m.name(), colour(m.diffuse()), colour(m.specular()), colour(m.ambient()))
+        .arg(m.transparency())
+        .arg(m.shininess())
+        .arg(m.texture_filename());
 }
 
 struct Model {

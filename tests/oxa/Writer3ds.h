@@ -4,8 +4,8 @@
 // chunk (identifier, length including the six head bytes, body), so files nest as calls do.
 
 #include <QByteArray>
-#include <QFile>
 #include <QList>
+#include <QMap>
 #include <QString>
 #include <QtEndian>
 
@@ -131,9 +131,42 @@ inline QByteArray file(const QByteArray& editor, const QByteArray& after_editor 
                  chunk(0x0002, u32(3)) + chunk(0x3D3D, chunk(0x3D3E, u32(3)) + editor) + after_editor);
 }
 
-inline bool save(const QString& path, const QByteArray& bytes) {
-    QFile out(path);
-    return out.open(QIODevice::WriteOnly) && out.write(bytes) == bytes.size();
+/// A quad of two triangles with texture coordinates, material `material_name` on both faces.
+inline QByteArray quad_object(const char* name = "Plane", const char* material_name = "Red") {
+    return object(name, vertices({{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}}) +
+                            faces({{0, 1, 2}, {0, 2, 3}}, face_material(material_name, {0, 1})) +
+                            uv({{0, 0}, {1, 0}, {1, 1}, {0, 1}}));
+}
+
+inline QByteArray red_material() {
+    return material("Red", chunk(0xA010, color_bytes(255, 0, 51)) +
+                               chunk(0xA020, color_float(0.5f, 0.25f, 1.0f)) +
+                               chunk(0xA030, color_float(1, 1, 1)) + chunk(0xA040, percent(50)) +
+                               chunk(0xA050, percent(25)) + texture_map("wall.tif"));
+}
+
+/// The whole files the import tests read, by what they show: every import of one of them must
+/// survive a conversion whole.
+inline QMap<QString, QByteArray> sample_files() {
+    const QByteArray corners = vertices({{0, 0, 0}, {1, 0, 0}, {1, 1, 0}});
+    const QByteArray quad = vertices({{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}}) +
+                            faces({{0, 1, 2}, {0, 2, 3}}, face_material("Stone", {0, 1}));
+    // A group node (named by its instance) holds A and the group "Sub", which holds C; B hangs
+    // below a surface, which holds nothing, and so ends under the root; D has no node at all.
+    const QByteArray nodes = node(0, "$$$DUMMY", 0xFFFF, "Group") + node(1, "A", 0) + node(2, "Sub", 0) +
+                             node(3, "C", 2) + node(4, "B", 1);
+    return {
+        {"keyframer tree two levels deep",
+         file(red_material() + quad_object("A") + quad_object("B") + quad_object("C") + quad_object("D"),
+              keyframer(nodes))},
+        {"no keyframer", file(red_material() + quad_object("One") + quad_object("Two"))},
+        {"face materials beside the face list",
+         file(red_material() + object("Plane", corners + faces({{0, 1, 2}}) + face_material("Red", {0})))},
+        {"two quads, one under a group",
+         file(material("Stone", chunk(0xA020, color_float(0.5f, 0.5f, 0.5f))) + object("Left", quad) +
+                  object("Right", quad),
+              keyframer(node(0, "$$$DUMMY", 0xFFFF, "Group") + node(1, "Left", 0)))},
+    };
 }
 
 } // namespace w3ds

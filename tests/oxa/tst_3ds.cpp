@@ -1,4 +1,6 @@
+#include "oxa/ReaderFixture.h"
 #include "oxa/Writer3ds.h"
+#include "support/Files.h"
 #include "support/OutputCapture.h"
 
 #include "basic/MessageService.h"
@@ -70,7 +72,7 @@ struct Imported {
 bool import_bytes(Imported& imported, const QTemporaryDir& folder, const QByteArray& bytes,
                   double scale = 1.0, const QString& name = QStringLiteral("model.3ds")) {
     const QString path = folder.filePath(name);
-    return save(path, bytes) && imported.run(path, scale);
+    return fixture::WriteFile(path, bytes) && imported.run(path, scale);
 }
 
 /// The tree below `container` as text: each element's name, children in brackets.
@@ -100,20 +102,6 @@ QList<mesh3D::Object3D*> surfaces_of(const Imported& imported) {
     if (imported.root())
         collect_surfaces(imported.root(), out);
     return out;
-}
-
-/// A quad of two triangles with texture coordinates, material "Red" on both faces.
-QByteArray quad_object(const char* name = "Plane", const char* material_name = "Red") {
-    return object(name, vertices({{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}}) +
-                            faces({{0, 1, 2}, {0, 2, 3}}, face_material(material_name, {0, 1})) +
-                            uv({{0, 0}, {1, 0}, {1, 1}, {0, 1}}));
-}
-
-QByteArray red_material() {
-    return material("Red", chunk(0xA010, color_bytes(255, 0, 51)) +
-                               chunk(0xA020, color_float(0.5f, 0.25f, 1.0f)) +
-                               chunk(0xA030, color_float(1, 1, 1)) + chunk(0xA040, percent(50)) +
-                               chunk(0xA050, percent(25)) + texture_map("wall.tif"));
 }
 
 } // namespace
@@ -180,16 +168,8 @@ void tst_3ds::two_triangle_mesh_with_material_and_texture() {
     QCOMPARE(materials.size(), 1);
     mesh3D::Material* red = materials.first();
     QCOMPARE(plane->material(), red);
-    QCOMPARE(red->name(), QString("model.3ds::Red"));
-    QCOMPARE(red->ambient().r, 1.0f);
-    QCOMPARE(red->ambient().g, 0.0f);
-    QCOMPARE(red->ambient().b, float(51 / 255.0));
-    QCOMPARE(red->ambient().a, 1.0f);
-    QCOMPARE(red->diffuse().g, 0.25f);
-    QCOMPARE(red->specular().b, 1.0f);
-    QCOMPARE(red->shininess(), 0.5);
-    QCOMPARE(red->transparency(), 0.25);
-    QCOMPARE(red->texture_filename(), QString("wall.jpg"));
+    QCOMPARE(fixture::MaterialSummary(*red),
+             QString("model.3ds::Red | 128 64 255 1 | 255 255 255 1 | 255 0 51 1 | trans 0.25 | shine 0.5 | wall.jpg"));
 
     // One texture coordinate per corner, following the triangles.
     const QVector<model::mapCoordsType> mapped = imported.system.mapping_coordinates().value(plane);
@@ -238,14 +218,7 @@ void tst_3ds::messages_and_progress() {
 void tst_3ds::keyframer_hierarchy_two_levels_deep() {
     QTemporaryDir folder;
     Imported imported;
-    // A group node (named by its instance) holds A and the group "Sub", which holds C; B hangs
-    // below a surface, which holds nothing, and so ends under the root; D has no node at all.
-    const QByteArray nodes = node(0, "$$$DUMMY", 0xFFFF, "Group") + node(1, "A", 0) + node(2, "Sub", 0) +
-                             node(3, "C", 2) + node(4, "B", 1);
-    QVERIFY(import_bytes(
-        imported, folder,
-        file(red_material() + quad_object("A") + quad_object("B") + quad_object("C") + quad_object("D"),
-             keyframer(nodes))));
+    QVERIFY(import_bytes(imported, folder, sample_files().value("keyframer tree two levels deep")));
     QCOMPARE(tree(imported.root()),
              QString("model.3ds[model.3ds::Group[model.3ds::A, model.3ds::Sub[model.3ds::C]], "
                      "model.3ds::B, model.3ds::D]"));
@@ -257,7 +230,7 @@ void tst_3ds::keyframer_hierarchy_two_levels_deep() {
 void tst_3ds::without_keyframer_surfaces_stand_under_the_root() {
     QTemporaryDir folder;
     Imported imported;
-    QVERIFY(import_bytes(imported, folder, file(red_material() + quad_object("One") + quad_object("Two"))));
+    QVERIFY(import_bytes(imported, folder, sample_files().value("no keyframer")));
     QCOMPARE(tree(imported.root()), QString("model.3ds[model.3ds::One, model.3ds::Two]"));
 }
 
@@ -411,7 +384,7 @@ void tst_3ds::missing_file_gives_null_and_a_text() {
 void tst_3ds::import_into_a_project_root() {
     QTemporaryDir folder;
     const QString path = folder.filePath("model.3ds");
-    QVERIFY(save(path, file(red_material() + quad_object("One") + quad_object("Two"))));
+    QVERIFY(fixture::WriteFile(path, sample_files().value("no keyframer")));
     oxa::OxaRoot root(false);
     QString error;
     QVERIFY(!oxa::DataIO_3ds::import_file(&root, folder.filePath("none.3ds"), 1.0, &error));
@@ -450,9 +423,7 @@ void tst_3ds::shared_files_match_their_references() {
     const QStringList references = folder.entryList({"*.reference.json"}, QDir::Files, QDir::Name);
     QVERIFY(!references.isEmpty());
     for (const QString& reference_name : references) {
-        QFile reference_file(folder.filePath(reference_name));
-        QVERIFY(reference_file.open(QIODevice::ReadOnly));
-        const QJsonObject reference = QJsonDocument::fromJson(reference_file.readAll()).object();
+        const QJsonObject reference = QJsonDocument::fromJson(fixture::ReadFile(folder.filePath(reference_name))).object();
         const QString file_name = reference.value("file").toString();
         const QJsonObject summary = reference.value("summary").toObject();
         Imported imported;

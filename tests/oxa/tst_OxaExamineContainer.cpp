@@ -1,6 +1,7 @@
 #include "mesh3D/Vertex.h"
 #include "oxa/OxaExamineContainer.h"
 #include "oxa/OxaExamineData.h"
+#include "support/Files.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -93,22 +94,15 @@ void tst_OxaExamineContainer::dumpFollowsTheDrawSwitch() {
     QFETCH(bool, draw);
     QTemporaryDir dir;
     const QString path = dir.filePath("dump.txt");
-    {
-        QFile old(path);
-        QVERIFY(old.open(QIODevice::WriteOnly));
-        old.write("old content\n");
-    }
+    QVERIFY(fixture::WriteFile(path, "old content\n"));
     OxaExamineContainer* container = OxaExamineContainer::GetInstance();
     container->SetDrawPointNumbers(draw);
     container->GetObjectExamineData("wall-ä", "W1")->AddDuplicatePoint(0, 8);
     container->GetObjectExamineData("slab", "S1");
     container->DumpDuplicatePoints(path);
 
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    const QString written = QString::fromUtf8(file.readAll());
     // The file is emptied in both cases; only the drawing mode fills it.
-    QCOMPARE(written, draw ? QString("obj W1 'wall-ä' p: 0 8 \n") : QString());
+    QCOMPARE(QString::fromUtf8(fixture::ReadFile(path)), draw ? QString("obj W1 'wall-ä' p: 0 8 \n") : QString());
 }
 
 QTEST_GUILESS_MAIN(tst_OxaExamineContainer)

@@ -130,10 +130,8 @@ private slots:
         QVERIFY(handler.oxaReadXML(&root, path, nullptr));
         const QString dump = dir.filePath("dump.txt");
         oxa::OxaFileHandler::DumpContainerInFile(&root, dump);
-        QFile file(dump);
-        QVERIFY(file.open(QIODevice::ReadOnly));
         const QString id = root.RootContainer()->id();
-        QCOMPARE(QString::fromUtf8(file.readAll()),
+        QCOMPARE(QString::fromUtf8(fixture::ReadFile(dump)),
                  "<Container composite=0 name=\"" + root.RootContainer()->name() + "\" ID=\"" + id + "\">\n" +
                      "  <Container composite=1 name=\"outer\" ID=\"OUT\">\n"
                      "    <Container composite=0 name=\"inner\" ID=\"IN\">\n"
@@ -155,19 +153,6 @@ private slots:
         // A dump file that cannot be opened is left alone without a word.
         oxa::OxaFileHandler::DumpContainerInFile(&root, dir.filePath("no/such/folder/dump.txt"));
         QVERIFY(!QFile::exists(dir.filePath("no/such/folder/dump.txt")));
-    }
-
-    void settingsReachTheNextReaderOnly() {
-        basic::MessageService service;
-        oxa::OxaFileHandler handler;
-        handler.SetMultiFileSize(1000);
-        handler.SetMultiFileOffset(10);
-        handler.MsgService(&service);
-        QCOMPARE(handler.MsgService(), &service);
-        QVERIFY(!handler.IsReading());
-        // A copy shares every field; with no read running neither holds a reader.
-        const oxa::OxaFileHandler copy(handler);
-        QCOMPARE(copy.MsgService(), &service);
     }
 
     void geometryFragmentAndStoreEntry() {

@@ -1,4 +1,5 @@
 #include "oxa/OxaInfoReader.h"
+#include "support/Files.h"
 
 #include <QFile>
 #include <QJsonArray>
@@ -32,10 +33,7 @@ void tst_OxaInfoReader::initTestCase() {
 
 QString tst_OxaInfoReader::write(const QString& name, const QByteArray& xml) {
     const QString path = dir.filePath(name);
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(xml) != xml.size())
-        return QString();
-    return path;
+    return fixture::WriteFile(path, xml) ? path : QString();
 }
 
 void tst_OxaInfoReader::heads_data() {
@@ -49,29 +47,19 @@ void tst_OxaInfoReader::heads_data() {
 <objects projectID="PRJ-1" createdBy="architecture" sourceApp="app 1.0" sourceFormat="fmt" created="2024-06-01T12:00:00" oxaversion="1.5">
   <content version="1.2"><section name="objectSection"/><section name="topologySection"/><section name="activitySection"/></content>
 </objects>)") << true << "PRJ-1"
-                               << "2024-06-01T12:00:00"
-                               << "objectSection; topologySection; activitySection";
+                               << "2024-06-01T12:00:00" << "objectSection; topologySection; activitySection";
     QTest::newRow("empty content")
         << QByteArray(R"(<objects projectID="P" created="not a date"><content/></objects>)") << true << "P"
-        << "not a date"
-        << "";
+        << "not a date" << "";
     QTest::newRow("missing attributes stay empty")
-        << QByteArray(R"(<objects><content/></objects>)") << true << ""
-        << ""
-        << "";
+        << QByteArray(R"(<objects><content/></objects>)") << true << "" << "" << "";
     QTest::newRow("malformed inside content")
         << QByteArray(R"(<objects projectID="P"><content><section name="objectSection"></content></objects>)")
-        << false << "P"
-        << ""
-        << "objectSection";
+        << false << "P" << "" << "objectSection";
     QTest::newRow("truncated before the end of content")
         << QByteArray(R"(<objects projectID="P" created="2024"><content><section name="fitSection"/>)")
-        << false << "P"
-        << "2024"
-        << "fitSection";
-    QTest::newRow("not xml") << QByteArray("3DS\x00\x01\x02", 6) << false << ""
-                             << ""
-                             << "";
+        << false << "P" << "2024" << "fitSection";
+    QTest::newRow("not xml") << QByteArray("3DS\x00\x01\x02", 6) << false << "" << "" << "";
 }
 
 void tst_OxaInfoReader::heads() {
@@ -119,10 +107,10 @@ void tst_OxaInfoReader::sharedSamples_data() {
 void tst_OxaInfoReader::sharedSamples() {
     QFETCH(QString, document);
     const QString folder = ZENTRA_SHARED_DATA;
-    QFile manifestFile(folder + "/" + document + ".manifest.json");
-    if (!manifestFile.open(QIODevice::ReadOnly))
+    const QByteArray manifest = fixture::ReadFile(folder + "/" + document + ".manifest.json");
+    if (manifest.isEmpty())
         QSKIP("shared sample data is not available");
-    const QJsonObject summary = QJsonDocument::fromJson(manifestFile.readAll())
+    const QJsonObject summary = QJsonDocument::fromJson(manifest)
                                     .object()["documents"]
                                     .toArray()
                                     .at(0)

@@ -22,7 +22,6 @@
 
 #include <algorithm>
 #include <atomic>
-#include <functional>
 #include <thread>
 
 namespace {
@@ -80,6 +79,36 @@ QStringList Sorted(const QSet<QString>* set) {
     return list;
 }
 
+/// Containers, objects and triangles in the root's tree.
+struct TreeCounts {
+    int containers = 0, objects = 0, triangles = 0;
+    bool operator==(const TreeCounts& o) const {
+        return containers == o.containers && objects == o.objects && triangles == o.triangles;
+    }
+};
+
+TreeCounts CountTree(const mesh3D::Container* container) {
+    TreeCounts counts;
+    for (mesh3D::Element* child : container->children())
+        if (auto* inner = dynamic_cast<mesh3D::Container*>(child)) {
+            const TreeCounts below = CountTree(inner);
+            counts.containers += 1 + below.containers;
+            counts.objects += below.objects;
+            counts.triangles += below.triangles;
+        } else if (auto* object = dynamic_cast<mesh3D::Object3D*>(child)) {
+            ++counts.objects;
+            counts.triangles += object->triangles().size();
+        }
+    return counts;
+}
+
+/// The bundled sample project read as a host reads a folder, by the path given.
+TreeCounts ReadSampleProject(const QString& path) {
+    oxa::OxaRoot root(false);
+    root.ReadFromOxaProject(path, oxa::OxaRoot::DocumentSubfolders(path));
+    return CountTree(root.RootContainer());
+}
+
 } // namespace
 
 class tst_OxaRoot : public QObject {
@@ -89,7 +118,6 @@ class tst_OxaRoot : public QObject {
 
     QString write(const QString& name, const QByteArray& bytes) {
         const QString path = dir.filePath(name);
-        QDir().mkpath(QFileInfo(path).absolutePath());
         return fixture::WriteFile(path, bytes) ? path : QString();
     }
 
@@ -237,9 +265,8 @@ private slots:
         QVERIFY(QDir().mkpath(second));
         QVERIFY(again.WriteToOxaProject(second));
         for (const QString& file : {QString("/top.oxaxml"), QString("/deep/sub.oxaxml")}) {
-            QFile a(copy + file), b(second + file);
-            QVERIFY(a.open(QIODevice::ReadOnly) && b.open(QIODevice::ReadOnly));
-            QCOMPARE(WithoutCreated(b.readAll()), WithoutCreated(a.readAll()));
+            QVERIFY(!fixture::ReadFile(copy + file).isEmpty());
+            QCOMPARE(WithoutCreated(fixture::ReadFile(second + file)), WithoutCreated(fixture::ReadFile(copy + file)));
         }
     }
 
@@ -304,12 +331,33 @@ private slots:
         QCOMPARE(reader.MsgService(), nullptr);
     }
 
+    void projectPathFormsReadTheSameModel_data() {
+        QTest::addColumn<QString>("cwd");
+        QTest::addColumn<QString>("path");
+        const QString examples = QStringLiteral(ZENTRA_SOURCE_DIR) + "/examples";
+        QTest::newRow("relative") << examples << "sample-project";
+        QTest::newRow("dot-dot") << examples + "/sample-project/structure" << "../../sample-project";
+        QTest::newRow("trailing slash") << examples << "sample-project/";
+    }
+
+    void projectPathFormsReadTheSameModel() {
+        QFETCH(QString, cwd);
+        QFETCH(QString, path);
+        const TreeCounts absolute = ReadSampleProject(QStringLiteral(ZENTRA_SOURCE_DIR) + "/examples/sample-project");
+        QVERIFY(absolute.objects > 0);
+        const QString previous = QDir::currentPath();
+        QVERIFY(QDir::setCurrent(cwd));
+        const TreeCounts counts = ReadSampleProject(path);
+        QDir::setCurrent(previous);
+        QVERIFY(counts == absolute);
+    }
+
     void sharedSampleProjectMatchesItsManifest() {
         const QString folder = QStringLiteral(ZENTRA_SHARED_DATA) + "/sample-project";
-        QFile manifestFile(folder + "/manifest.json");
-        if (!manifestFile.open(QIODevice::ReadOnly))
+        const QByteArray manifest = fixture::ReadFile(folder + "/manifest.json");
+        if (manifest.isEmpty())
             QSKIP("shared sample project not present");
-        const QJsonObject project = QJsonDocument::fromJson(manifestFile.readAll()).object().value("project").toObject();
+        const QJsonObject project = QJsonDocument::fromJson(manifest).object().value("project").toObject();
         QStringList subFolders;
         for (const QJsonValue& file : project.value("read_order").toArray())
             if (file.toString().contains('/'))
@@ -319,21 +367,10 @@ private slots:
         oxa::OxaRoot root(false);
         QVERIFY(root.ReadFromOxaProject(folder, subFolders));
         QCOMPARE(RootChildren(root), project.value("root_children").toVariant().toStringList());
-        int containers = 0, objects = 0, triangles = 0;
-        std::function<void(const mesh3D::Container*)> walk = [&](const mesh3D::Container* container) {
-            for (mesh3D::Element* child : container->children())
-                if (auto* inner = dynamic_cast<mesh3D::Container*>(child)) {
-                    ++containers;
-                    walk(inner);
-                } else if (auto* object = dynamic_cast<mesh3D::Object3D*>(child)) {
-                    ++objects;
-                    triangles += object->triangles().size();
-                }
-        };
-        walk(root.RootContainer());
-        QCOMPARE(containers, project.value("containers_in_tree").toInt());
-        QCOMPARE(objects, project.value("object3D_in_tree").toInt());
-        QCOMPARE(triangles, project.value("triangles_in_tree").toInt());
+        const TreeCounts counts = CountTree(root.RootContainer());
+        QCOMPARE(counts.containers, project.value("containers_in_tree").toInt());
+        QCOMPARE(counts.objects, project.value("object3D_in_tree").toInt());
+        QCOMPARE(counts.triangles, project.value("triangles_in_tree").toInt());
         int entries = 0;
         for (const QSet<QString>* set : root.GetContacts())
             entries += set->size();

@@ -31,6 +31,7 @@
 
 using fixture::Document;
 using fixture::Model;
+using fixture::S;
 
 namespace {
 
@@ -132,17 +133,8 @@ void tst_OxaXmlReader::materials() {
 
     mesh3D::Material* m1 = model.Material("M1");
     QVERIFY(m1);
-    QCOMPARE(m1->name(), QString("Brick & mortar"));
-    QCOMPARE(m1->diffuse().r, 170.0f / 255);
-    QCOMPARE(m1->diffuse().g, 74.0f / 255);
-    QCOMPARE(m1->diffuse().b, 68.0f / 255);
-    QCOMPARE(m1->diffuse().a, 1.0f);
-    QCOMPARE(m1->specular().b, 40.0f / 255);
-    QCOMPARE(m1->specular().a, 0.5f);
-    QCOMPARE(m1->ambient().r, 64.0f / 255);
-    QCOMPARE(m1->ambient().a, 0.375f);
-    QCOMPARE(m1->transparency(), 0.25);
-    QCOMPARE(m1->texture_filename(), QString("brick.jpg"));
+    QCOMPARE(fixture::MaterialSummary(*m1),
+             QString("Brick & mortar | 170 74 68 1 | 20 30 40 0.5 | 64 28 26 0.375 | trans 0.25 | shine 0 | brick.jpg"));
     // The folder of the document, a backslash and the file: the form projects store.
     QCOMPARE(m1->texture_path(), dir.path() + "\\brick.jpg");
 
@@ -353,17 +345,19 @@ void tst_OxaXmlReader::geometryPrimitives() {
     QCOMPARE(a->triangles().size(), 2);
     QVERIFY(a->triangles()[0]->IsRootGeometry());
     QVERIFY(!a->triangles()[1]->IsRootGeometry());
-    QCOMPARE(a->polygons().size(), 3);
-    mesh3D::Polygon* polygon = a->polygons()[0];
-    QCOMPARE(polygon->count_points(), 5);
-    QCOMPARE(polygon->Thickness(), 0.25);
-    QCOMPARE(polygon->Type(), oxaIO::plPolygon);
-    QCOMPARE(polygon->Tessellation().size(), 2);
-    mesh3D::Polygon* chain = a->polygons()[1];
-    QCOMPARE(chain->Type(), oxaIO::plChain);
-    // An unknown number is left out; a polyline with fewer than two known points is not made.
-    QCOMPARE(chain->count_points(), 2);
-    QCOMPARE(chain->vertex(1)->y(), 1.0);
+    // An unknown number is left out; a polyline with fewer than two known points is not made;
+    // the face's polygon is the surface's too.
+    QStringList polylines;
+    for (const mesh3D::Polygon* polygon : a->polygons())
+        polylines << QString("%1 points, type %2, thickness %3, %4 tessellated")
+                         .arg(polygon->count_points())
+                         .arg(polygon->Type())
+                         .arg(polygon->Thickness())
+                         .arg(polygon->Tessellation().size());
+    QCOMPARE(polylines, (QStringList{"5 points, type 2, thickness 0.25, 2 tessellated",
+                                     "2 points, type 1, thickness 1, 0 tessellated",
+                                     "3 points, type 0, thickness 1, 0 tessellated"}));
+    QCOMPARE(a->polygons()[1]->vertex(1)->y(), 1.0);
     QCOMPARE(a->solids().size(), 1);
     QCOMPARE(a->solids()[0]->faces().size(), 2);
     QCOMPARE(a->solids()[0]->faces()[0]->Shape(), oxaIO::fsPlanar);
@@ -497,30 +491,27 @@ void tst_OxaXmlReader::topologyIsKept() {
     Model model;
     oxaIO::OxaObjects* document = model.Read(path);
     QVERIFY(document);
+    // One contact list: 1 mm is the same tolerance as 0.001 m. The level and the relation
+    // without an identifier are left out.
     const oxaIO::OxaTopologySection& topology = document->TopologySection();
-    QCOMPARE(int(topology.GetContacts().size()), 1); // 1 mm is the same tolerance as 0.001 m
-    const oxaIO::ContactList* contacts = topology.GetContacts().front();
-    QCOMPARE(int(contacts->GetContactRelations().size()), 3);
-    QCOMPARE(contacts->GetContactRelations().back().left, std::wstring(L"B"));
-    QVERIFY(contacts->Sym());
-    QCOMPARE(int(topology.GetIntersections().size()), 1);
-    QCOMPARE(topology.GetIntersections().front()->GetIntersectionRelations().front().right,
-             std::wstring(L"Y"));
-    if (!hRefsOn) {
-        QVERIFY(topology.GetHRefDefinitions().empty());
-        QVERIFY(topology.GetHRefRelations().empty());
-        QVERIFY(topology.HRefsUnit().empty());
-        return;
-    }
-    QCOMPARE(topology.HRefsUnit(), std::wstring(L"m"));
-    QCOMPARE(int(topology.GetHRefDefinitions().size()), 2);
-    QCOMPARE(topology.GetHRefDefinitions().back()->ID(), std::wstring(L"L1"));
-    QCOMPARE(topology.GetHRefDefinitions().back()->ZValue(), 3.45);
-    QVERIFY(topology.GetHRefDefinitions().back()->Name().empty());
-    QVERIFY(dynamic_cast<oxa::HRef*>(model.system.object("L0")));
-    QCOMPARE(int(topology.GetHRefRelations().size()), 1);
-    QCOMPARE(topology.GetHRefRelations().front().hRefU, std::wstring(L"L1"));
-    QCOMPARE(topology.GetHRefRelations().front().hRefL, std::wstring(L"L0"));
+    QStringList read;
+    for (const oxaIO::ContactList* list : topology.GetContacts())
+        for (const oxaIO::VObjPairRelation& pair : list->GetContactRelations())
+            read << QString("contact %1-%2 within %3%4").arg(S(pair.left), S(pair.right)).arg(list->Eps()).arg(list->Sym() ? "" : " one way");
+    for (const oxaIO::IntersectionList* list : topology.GetIntersections())
+        for (const oxaIO::VObjPairRelation& pair : list->GetIntersectionRelations())
+            read << QString("intersection %1-%2").arg(S(pair.left), S(pair.right));
+    read << "levels in " + S(topology.HRefsUnit());
+    for (const oxaIO::IHRef* level : topology.GetHRefDefinitions())
+        read << QString("level %1 '%2' at %3").arg(S(level->ID()), S(level->Name())).arg(level->ZValue());
+    for (const oxaIO::VHRefRel& relation : topology.GetHRefRelations())
+        read << QString("%1 from %2 to %3").arg(S(relation.refID), S(relation.hRefL), S(relation.hRefU));
+    const QStringList pairs{"contact A-B within 0.001", "contact A-C within 0.001", "contact B-C within 0.001",
+                            "intersection X-Y"};
+    const QStringList levels{"levels in m", "level L0 '' at 0.25", "level L1 '' at 3.45", "A from L0 to L1"};
+    QCOMPARE(read, pairs + (hRefsOn ? levels : QStringList{"levels in "}));
+    if (hRefsOn)
+        QVERIFY(dynamic_cast<oxa::HRef*>(model.system.object("L0")));
 }
 
 void tst_OxaXmlReader::viewsAndSets() {
@@ -544,39 +535,43 @@ void tst_OxaXmlReader::viewsAndSets() {
     const auto& containers = document->VisualisationSection().ViewContainers();
     QCOMPARE(int(containers.size()), 1);
     QCOMPARE(containers.front()->Name(), std::wstring(L"Views"));
-    const auto& views = containers.front()->Views();
-    QCOMPARE(int(views.size()), 2);
-    oxaIO::IView* persp = views.front();
-    QVERIFY(persp->IsCurrent());
-    QVERIFY(persp->HasBackground());
-    QCOMPARE(persp->BackgroundColor().g, 0.0f);
-    QCOMPARE(persp->BackgroundColor().b, 0.2f);
-    QCOMPARE(int(persp->Cameras().size()), 1);
-    QCOMPARE(persp->Cameras().front()->LookAt().y, 5.0);
-    QCOMPARE(persp->Cameras().front()->ProjectionType(), 0);
-    QCOMPARE(int(persp->Lights().size()), 2);
-    oxaIO::ILight* sun = persp->Lights().front();
-    QCOMPARE(sun->Number(), 2);
-    QVERIFY(sun->IsOff());
-    QCOMPARE(sun->Type(), 63);
-    QCOMPARE(sun->Cutoff(), 30.0);
-    QCOMPARE(sun->Direction().z, -1.0);
-    QCOMPARE(sun->Diffuse().r, 1.0f);
-    QCOMPARE(sun->Diffuse().a, 0.0f); // lights take no alpha
-    QCOMPARE(sun->Specular().g, 1.0f);
-    QCOMPARE(sun->Ambient().b, 1.0f);
-    QCOMPARE(persp->Lights().back()->Type(), 65);
-    QCOMPARE(int(persp->ClippingPlanes().size()), 1);
-    QCOMPARE(persp->ClippingPlanes().front()->Distance(), 3.2);
-    QVERIFY(persp->ClippingPlanes().front()->IsOff());
-    oxaIO::IView* plan = views.back();
-    QVERIFY(!plan->HasBackground());
-    QCOMPARE(plan->ThumbnailFile(), std::wstring(L"plan.png"));
-    const oxaIO::ICamera* ortho = plan->Cameras().front();
-    QCOMPARE(ortho->ProjectionType(), 1);
-    QCOMPARE(ortho->OrthoWidth(), 22.5);
-    QCOMPARE(ortho->ExpOrthoHeight(), 17.0);
-    QCOMPARE(ortho->SavedLookAt().z, 6.0);
+    // Each view in one line: what it is, then its cameras, lights and clipping planes.
+    const auto xyz = [](const oxaIO::VCoords3D& v) { return QString("(%1 %2 %3)").arg(v.x).arg(v.y).arg(v.z); };
+    const auto rgba = [](const oxaIO::VColor4& c) { return QString("%1 %2 %3 %4").arg(c.r).arg(c.g).arg(c.b).arg(c.a); };
+    QStringList views;
+    for (oxaIO::IView* view : containers.front()->Views()) {
+        QStringList parts{QString("current %1, thumbnail '%2', background %3")
+                              .arg(view->IsCurrent())
+                              .arg(QString::fromStdWString(view->ThumbnailFile()),
+                                   view->HasBackground() ? rgba(view->BackgroundColor()) : "none")};
+        for (const oxaIO::ICamera* camera : view->Cameras())
+            parts << QString("camera %1 at %2 ortho %3 x %4, exp. height %5, saved look at %6")
+                         .arg(camera->ProjectionType())
+                         .arg(xyz(camera->LookAt()))
+                         .arg(camera->OrthoWidth())
+                         .arg(camera->OrthoHeight())
+                         .arg(camera->ExpOrthoHeight())
+                         .arg(xyz(camera->SavedLookAt()));
+        for (const oxaIO::ILight* light : view->Lights())
+            parts << QString("light %1 off %2 type %3 cutoff %4 dir %5 diff %6 spec %7 amb %8")
+                         .arg(light->Number())
+                         .arg(light->IsOff())
+                         .arg(light->Type())
+                         .arg(light->Cutoff())
+                         .arg(xyz(light->Direction()), rgba(light->Diffuse()), rgba(light->Specular()),
+                              rgba(light->Ambient()));
+        for (const oxaIO::IClippingPlane* plane : view->ClippingPlanes())
+            parts << QString("plane %1 off %2").arg(plane->Distance()).arg(plane->IsOff());
+        views << parts.join("; ");
+    }
+    // Lights and backgrounds take no alpha.
+    QCOMPARE(views, (QStringList{
+                        "current 1, thumbnail '', background 1 0 0.2 0; camera 0 at (4 5 6) ortho 0 x 0, exp. "
+                        "height 0, saved look at (0 0 0); light 2 off 1 type 63 cutoff 30 dir (0 0 -1) diff 1 0 0 0 "
+                        "spec 0 1 0 0 amb 0 0 1 0; light 3 off 0 type 65 cutoff 0 dir (0 1 0) diff 0 0 0 0 spec 0 0 0 "
+                        "0 amb 0 0 0 0; plane 3.2 off 1",
+                        "current 0, thumbnail 'plan.png', background none; camera 1 at (0 0 0) ortho 22.5 x 19, exp. "
+                        "height 17, saved look at (4 5 6)"}));
 
     const std::list<oxaIO::ISet*> sets = document->ActivitySection().SetSection().SetList();
     QCOMPARE(int(sets.size()), 1);

@@ -1,274 +1,9 @@
-#include "oxaIO/OxaReader.h"
-#include "tavxmln/CXMLManager.h"
+#include "common/RecordingReader.h"
 
 #include <QtTest>
 
-#include <type_traits>
-
 using namespace oxaIO;
-
-namespace {
-
-QString Format(const std::wstring& text) {
-    return QString::fromStdWString(text);
-}
-QString Format(const wchar_t* text) {
-    return QString::fromWCharArray(text);
-}
-QString Format(bool flag) {
-    return flag ? "true" : "false";
-}
-QString Format(double value) {
-    return QString::number(value, 'g', QLocale::FloatingPointShortest);
-}
-QString Format(const QByteArray& bytes) {
-    return "bytes:" + bytes.toHex();
-}
-QString Format(const VCoords3D& c) {
-    return QString("(%1 %2 %3)").arg(Format(c.x), Format(c.y), Format(c.z));
-}
-QString Format(const VCoords2D& c) {
-    return QString("(%1 %2)").arg(Format(c.x), Format(c.y));
-}
-template <typename T> std::enable_if_t<std::is_integral_v<T> || std::is_enum_v<T>, QString> Format(T value) {
-    return QString::number(static_cast<long long>(value));
-}
-template <typename T> QString Format(const std::vector<T>& values) {
-    QStringList items;
-    for (const T& value : values)
-        items << Format(value);
-    return "[" + items.join(" ") + "]";
-}
-template <typename T> QString Format(const Nullable<T>& value) {
-    return value.HasValue() ? Format(value.Value()) : QString("null");
-}
-
-/// Records every callback of the reader as one line, e.g. "Point(3, 1.5, 0, -2)".
-class RecordingReader : public OxaReader {
-public:
-    QStringList calls;
-
-    using OxaReader::IdentifierMap;
-
-    void Read(const QByteArray& xml) {
-        QByteArray copy = xml;
-        tavxmln::CXMLManager::GetInstance()->LoadDocument(reinterpret_cast<unsigned char*>(copy.data()),
-                                                          static_cast<unsigned int>(copy.size()), this, true,
-                                                          false, nullptr, false, false);
-    }
-
-    template <typename... Args> void Log(const wchar_t* name, const Args&... args) {
-        QStringList formatted{Format(args)...};
-        calls << Format(name) + "(" + formatted.join(", ") + ")";
-    }
-
-    void SetFaceShape(EFaceShape shape) override { Log(L"SetFaceShape", shape); }
-    void StartOxaDocument(wstring projectId, wstring sourceApp, wstring sourceFileName, wstring sourceFormat,
-                          wstring created, wstring createdBy, wstring changedBy, wstring changed,
-                          wstring version) override {
-        Log(L"StartOxaDocument", projectId, sourceApp, sourceFileName, sourceFormat, created, createdBy,
-            changedBy, changed, version);
-    }
-    void EndOxaDocument() override { Log(L"EndOxaDocument"); }
-    void StartContent() override { Log(L"StartContent"); }
-    void Section(ESectionType type) override { Log(L"Section", type); }
-    void EndContent() override { Log(L"EndContent"); }
-    void StartObjectSection(wstring unit, wstring version) override {
-        Log(L"StartObjectSection", unit, version);
-    }
-    void EndObjectSection() override { Log(L"EndObjectSection"); }
-    void StartObjectDataSection(wstring version) override { Log(L"StartObjectDataSection", version); }
-    void EndObjectDataSection() override { Log(L"EndObjectDataSection"); }
-    void StartMaterialSection(wstring version) override { Log(L"StartMaterialSection", version); }
-    void EndMaterialSection() override { Log(L"EndMaterialSection"); }
-    void StartMaterial(wstring id, wstring name) override { Log(L"StartMaterial", id, name); }
-    void ColorDiff(int r, int g, int b, double a) override { Log(L"ColorDiff", r, g, b, a); }
-    void ColorSpec(int r, int g, int b, double a) override { Log(L"ColorSpec", r, g, b, a); }
-    void ColorAmb(int r, int g, int b, double a) override { Log(L"ColorAmb", r, g, b, a); }
-    void ColorTrans(double value) override { Log(L"ColorTrans", value); }
-    void TextureFile(wstring fileName) override { Log(L"TextureFile", fileName); }
-    void EndMaterial() override { Log(L"EndMaterial"); }
-    void GenericObject(wstring id, wstring name) override { Log(L"GenericObject", id, name); }
-    void StartContainer(wstring id, wstring name, wstring unit, bool composite) override {
-        Log(L"StartContainer", id, name, unit, composite);
-    }
-    void EndContainer() override { Log(L"EndContainer"); }
-    void StartRootContainer(wstring id, wstring name, std::vector<double>& rotation,
-                            std::vector<double>& translation) override {
-        Log(L"StartRootContainer", id, name, rotation, translation);
-    }
-    void EndRootContainer() override { Log(L"EndRootContainer"); }
-    void StartObject2D(wstring id, wstring materialId, wstring name, bool negative, wstring refId) override {
-        Log(L"StartObject2D", id, materialId, name, negative, refId);
-    }
-    void EndObject2D() override { Log(L"EndObject2D"); }
-    void StartObject3D(wstring id, wstring materialId, wstring name, bool negative, wstring refId) override {
-        Log(L"StartObject3D", id, materialId, name, negative, refId);
-    }
-    void EndObject3D() override { Log(L"EndObject3D"); }
-    void StartData3D(wstring refId) override { Log(L"StartData3D", refId); }
-    void EndData3D() override { Log(L"EndData3D"); }
-    void Point(int number, double x, double y, double z) override { Log(L"Point", number, x, y, z); }
-    void Line(int p1, int p2) override { Log(L"Line", p1, p2); }
-    void StartTriangle(int p1, int p2, int p3) override { Log(L"StartTriangle", p1, p2, p3); }
-    void EndTriangle() override { Log(L"EndTriangle"); }
-    void TextureCoords(const std::vector<VCoords2D>& coords) override { Log(L"TextureCoords", coords); }
-    void OptOBB(const VCoords3D& reference, const VCoords3D& x, const VCoords3D& y,
-                const VCoords3D& z) override {
-        Log(L"OptOBB", reference, x, y, z);
-    }
-    void OptOBBxy(const VCoords3D& reference, const VCoords3D& x, const VCoords3D& y,
-                  double height) override {
-        Log(L"OptOBBxy", reference, x, y, height);
-    }
-    void StartPolyline(const std::vector<int>& points, double thickness, EPolylineType type) override {
-        Log(L"StartPolyline", points, thickness, type);
-    }
-    void EndPolyline() override { Log(L"EndPolyline"); }
-    void StartTessellation() override { Log(L"StartTessellation"); }
-    void EndTessellation() override { Log(L"EndTessellation"); }
-    void StartSolid() override { Log(L"StartSolid"); }
-    void EndSolid() override { Log(L"EndSolid"); }
-    void StartFace() override { Log(L"StartFace"); }
-    void EndFace() override { Log(L"EndFace"); }
-    void StartPropertySection(wstring version) override { Log(L"StartPropertySection", version); }
-    void EndPropertySection() override { Log(L"EndPropertySection"); }
-    void StartProperty(wstring refId, wstring name, wstring datatype, wstring unit) override {
-        Log(L"StartProperty", refId, name, datatype, unit);
-    }
-    void ReadPropertyValue(wstring value) override { Log(L"ReadPropertyValue", value); }
-    void EndProperty() override { Log(L"EndProperty"); }
-    void StartVal() override { Log(L"StartVal"); }
-    void ReadValValue(wstring value) override { Log(L"ReadValValue", value); }
-    void EndVal() override { Log(L"EndVal"); }
-    void StartTopologySection(wstring version) override { Log(L"StartTopologySection", version); }
-    void EndTopologySection() override { Log(L"EndTopologySection"); }
-    void StartVisualisationSection(wstring version) override { Log(L"StartVisualisationSection", version); }
-    void EndVisualisationSection() override { Log(L"EndVisualisationSection"); }
-    void StartViewContainer(wstring id, wstring name) override { Log(L"StartViewContainer", id, name); }
-    void EndViewContainer() override { Log(L"EndViewContainer"); }
-    void StartView(wstring id, wstring name, bool current, wstring thumbnail) override {
-        Log(L"StartView", id, name, current, thumbnail);
-    }
-    void EndView() override { Log(L"EndView"); }
-    void ViewBackGround(int r, int g, int b) override { Log(L"ViewBackGround", r, g, b); }
-    void ViewClippingPlane(double distance, VCoords3D& normal, bool off) override {
-        Log(L"ViewClippingPlane", distance, normal, off);
-    }
-    void ReadThumbnailData(unsigned char*& data, unsigned int& size) override {
-        Log(L"ReadThumbnailData", QByteArray(reinterpret_cast<const char*>(data), int(size)));
-    }
-    void ViewCamera(VCoords3D& eye, VCoords3D& lookAt, VCoords3D& up, double nearPlane, double farPlane,
-                    double viewAngle, double aspectRatio, int projectionType, double expOrthoWidth,
-                    double expOrthoHeight, double orthoWidth, double orthoHeight, VCoords3D& savedEye,
-                    VCoords3D& savedLookAt) override {
-        Log(L"ViewCamera", eye, lookAt, up, nearPlane, farPlane, viewAngle, aspectRatio, projectionType,
-            expOrthoWidth, expOrthoHeight, orthoWidth, orthoHeight, savedEye, savedLookAt);
-    }
-    void StartLight(int number, wstring name, bool off) override { Log(L"StartLight", number, name, off); }
-    void SpotLight(const VCoords3D& position, const VCoords3D& direction, double cutoff) override {
-        Log(L"SpotLight", position, direction, cutoff);
-    }
-    void PositionalLight(const VCoords3D& position) override { Log(L"PositionalLight", position); }
-    void DirectionalLight(const VCoords3D& direction) override { Log(L"DirectionalLight", direction); }
-    void EndLight() override { Log(L"EndLight"); }
-    void StartContacts(double eps, wstring unit, bool symmetric) override {
-        Log(L"StartContacts", eps, unit, symmetric);
-    }
-    void Contact(wstring& left, wstring& right) override { Log(L"Contact", left, right); }
-    void EndContacts() override { Log(L"EndContacts"); }
-    void StartIntersections(double eps, wstring unit, bool symmetric) override {
-        Log(L"StartIntersections", eps, unit, symmetric);
-    }
-    void Intersection(wstring& left, wstring& right) override { Log(L"Intersection", left, right); }
-    void EndIntersections() override { Log(L"EndIntersections"); }
-    void StartHRefs(wstring unit) override { Log(L"StartHRefs", unit); }
-    void EndHRefs() override { Log(L"EndHRefs"); }
-    void HRef(wstring id, double z) override { Log(L"HRef", id, z); }
-    void HRefRel(wstring refId, wstring lower, wstring upper) override {
-        Log(L"HRefRel", refId, lower, upper);
-    }
-    void StartFitSection(wstring version) override { Log(L"StartFitSection", version); }
-    void EndFitSection() override { Log(L"EndFitSection"); }
-    void StartItem(wstring id, wstring key, wstring matchKey, wstring name, wstring description) override {
-        Log(L"StartItem", id, key, matchKey, name, description);
-    }
-    void EndItem() override { Log(L"EndItem"); }
-    void StartItemData(wstring refId, wstring description) override {
-        Log(L"StartItemData", refId, description);
-    }
-    void EndItemData() override { Log(L"EndItemData"); }
-    void StartFormula(bool original, bool quantity, wstring text, wstring variable) override {
-        Log(L"StartFormula", original, quantity, text, variable);
-    }
-    void EndFormula() override { Log(L"EndFormula"); }
-    void StartResult(wstring refId, wstring datatype, double value, int quality, wstring geometry) override {
-        Log(L"StartResult", refId, datatype, value, quality, geometry);
-    }
-    void ReadResultDetail(wstring text) override { Log(L"ReadResultDetail", text); }
-    void EndResult() override { Log(L"EndResult"); }
-    void StartUnitSection(wstring version, wstring defaultUnitLength, wstring defaultUnitWeight,
-                          wstring defaultUnitTime) override {
-        Log(L"StartUnitSection", version, defaultUnitLength, defaultUnitWeight, defaultUnitTime);
-    }
-    void Unit(unsigned int dimension, ERoundMode roundMode, Nullable<unsigned int> digits,
-              EDigitsMode digitsMode, wstring baseUnit, wstring linearBaseUnit, Nullable<double> convFactor,
-              wstring description) override {
-        Log(L"Unit", dimension, roundMode, digits, digitsMode, baseUnit, linearBaseUnit, convFactor,
-            description);
-    }
-    void ReadUnitName(wstring name) override { Log(L"ReadUnitName", name); }
-    void EndUnitSection() override { Log(L"EndUnitSection"); }
-    void StartSetSection(wstring version) override { Log(L"StartSetSection", version); }
-    void EndSetSection() override { Log(L"EndSetSection"); }
-    void StartSetContainer(wstring id, wstring name) override { Log(L"StartSetContainer", id, name); }
-    void EndSetContainer() override { Log(L"EndSetContainer"); }
-    void StartObjectSet(wstring id, wstring name, wstring contentType) override {
-        Log(L"StartObjectSet", id, name, contentType);
-    }
-    void StartSmartSet(wstring id, wstring name, wstring contentType) override {
-        Log(L"StartSmartSet", id, name, contentType);
-    }
-    void EndSet() override { Log(L"EndSet"); }
-    void ObjectSetAddElement(wstring id) override { Log(L"ObjectSetAddElement", id); }
-    void SmartSetPredicate(wstring predicate) override { Log(L"SmartSetPredicate", predicate); }
-    void StartActivitySection(wstring version) override { Log(L"StartActivitySection", version); }
-    void EndActivitySection() override { Log(L"EndActivitySection"); }
-    void StartSchedule(wstring id, wstring name, wstring reference, int duration) override {
-        Log(L"StartSchedule", id, name, reference, duration);
-    }
-    void ReadDesc(wstring description) override { Log(L"ReadDesc", description); }
-    void EndSchedule() override { Log(L"EndSchedule"); }
-    void StartActivity(wstring id, wstring name, wstring wbs, int duration, wstring visType,
-                       wstring refId) override {
-        Log(L"StartActivity", id, name, wbs, duration, visType, refId);
-    }
-    void EndActivity() override { Log(L"EndActivity"); }
-    void StartStart(int year, int month, int day, int hour, int minute, int second) override {
-        Log(L"StartStart", year, month, day, hour, minute, second);
-    }
-    void EndStart() override { Log(L"EndStart"); }
-    void StartEnd(int year, int month, int day, int hour, int minute, int second) override {
-        Log(L"StartEnd", year, month, day, hour, minute, second);
-    }
-    void EndEnd() override { Log(L"EndEnd"); }
-    void StartLoggingSection(wstring version) override { Log(L"StartLoggingSection", version); }
-    void EndLoggingSection() override { Log(L"EndLoggingSection"); }
-    void StartLevelDef() override { Log(L"StartLevelDef"); }
-    void Level(wstring id, wstring name) override { Log(L"Level", id, name); }
-    void EndLevelDef() override { Log(L"EndLevelDef"); }
-    void StartMsgGrp(wstring id, wstring description) override { Log(L"StartMsgGrp", id, description); }
-    void EndMsgGrp() override { Log(L"EndMsgGrp"); }
-    void StartMsgInfo(EMsgTypes type, wstring module, int year, int month, int day, int hour, int minute,
-                      int second, wstring levelRefId) override {
-        Log(L"StartMsgInfo", type, module, year, month, day, hour, minute, second, levelRefId);
-    }
-    void MsgTxt(wstring text) override { Log(L"MsgTxt", text); }
-    void MsgSet(wstring refId) override { Log(L"MsgSet", refId); }
-    void EndMsgInfo() override { Log(L"EndMsgInfo"); }
-};
-
-} // namespace
+using recording::RecordingReader;
 
 class tst_OxaReader : public QObject {
     Q_OBJECT
@@ -304,54 +39,30 @@ void tst_OxaReader::callbacks_data() {
         << QStringList{"StartOxaDocument(P, , , , 2024-06-01T12:00:00, , , , )",
                        "StartObjectSection(m, 1.5)",
                        "StartRootContainer(R, , [1 0 0 0 1 0 0 0 1], [4512345.5 5412345.25 0])",
-                       "StartContainer(C, Storey, , true)",
-                       "StartObject3D(O, M, n, false, )",
-                       "EndTriangle()",
-                       "EndObject3D()",
-                       "StartObject2D(O2, , , true, )",
-                       "Point(0, 1, 2, 3)",
-                       "EndObject2D()",
-                       "EndContainer()",
-                       "EndRootContainer()",
-                       "EndObjectSection()",
-                       "StartObjectDataSection(1.5)",
-                       "StartData3D(O)",
-                       "StartTriangle(0, 1, -1)",
-                       "EndTriangle()",
-                       "EndData3D()",
-                       "EndObjectDataSection()",
+                       "StartContainer(C, Storey, , true)", "StartObject3D(O, M, n, false, )", "EndTriangle()",
+                       "EndObject3D()", "StartObject2D(O2, , , true, )", "Point(0, 1, 2, 3)", "EndObject2D()",
+                       "EndContainer()", "EndRootContainer()", "EndObjectSection()",
+                       "StartObjectDataSection(1.5)", "StartData3D(O)", "StartTriangle(0, 1, -1)",
+                       "EndTriangle()", "EndData3D()", "EndObjectDataSection()",
                        "EndOxaDocument()"};
 
     QTest::newRow("val in two text parts, property text, entity in value")
         << QByteArray(
                R"(<propertySection version="1.5"><property refID="W" name="Comment" datatype="xs:string"><val>first &amp; <![CDATA[x]]></val><val>second</val></property><property refID="S" name="Remark" datatype="xs:string" unit="m"><![CDATA[x < y & z]]></property></propertySection>)")
         << QStringList{"StartPropertySection(1.5)",
-                       "StartProperty(W, Comment, xs:string, )",
-                       "StartVal()",
-                       "ReadValValue(first & )",
-                       "ReadValValue(x)",
-                       "EndVal()",
-                       "StartVal()",
-                       "ReadValValue(second)",
-                       "EndVal()",
-                       "EndProperty()",
-                       "StartProperty(S, Remark, xs:string, m)",
-                       "ReadPropertyValue(x < y & z)",
-                       "EndProperty()",
+                       "StartProperty(W, Comment, xs:string, )", "StartVal()", "ReadValValue(first & )",
+                       "ReadValValue(x)", "EndVal()", "StartVal()", "ReadValValue(second)", "EndVal()",
+                       "EndProperty()", "StartProperty(S, Remark, xs:string, m)",
+                       "ReadPropertyValue(x < y & z)", "EndProperty()",
                        "EndPropertySection()"};
 
     QTest::newRow("EndContacts, EndIntersections and EndHRefs never fire; stray contact skipped")
         << QByteArray(
                R"(<topologySection version="1.3"><contacts eps="0.005" unit="m"><contact L="A" R="B"/></contacts><contacts eps="1" sym="false"/><contact L="X" R="Y"/><intersections eps="0.1"><isect L="C" R="D"/></intersections><hRefs unit="m"><hRef ID="H1" z="3.5"/><hRefRel refID="O" hRefL="H1"/></hRefs></topologySection>)")
         << QStringList{"StartTopologySection(1.3)",
-                       "StartContacts(0.005, m, true)",
-                       "Contact(A, B)",
-                       "StartContacts(1, , false)",
-                       "StartIntersections(0.1, , true)",
-                       "Intersection(C, D)",
-                       "StartHRefs(m)",
-                       "HRef(H1, 3.5)",
-                       "HRefRel(O, H1, )",
+                       "StartContacts(0.005, m, true)", "Contact(A, B)", "StartContacts(1, , false)",
+                       "StartIntersections(0.1, , true)", "Intersection(C, D)", "StartHRefs(m)",
+                       "HRef(H1, 3.5)", "HRefRel(O, H1, )",
                        "EndTopologySection()"};
 
     QTest::newRow("set of type 2 pushes nothing: its end tag closes the set container")
@@ -359,60 +70,30 @@ void tst_OxaReader::callbacks_data() {
                R"(<setSection version="1.4"><setContainer ID="SC" name="n"><set ID="S2" type="2">ignored</set><set ID="S1" ctype="obj"> A
   B </set></setContainer><set ID="SM" type="1" ctype="q">x &gt; 1</set></setSection>)")
         << QStringList{"StartSetSection(1.4)",
-                       "StartSetContainer(SC, n)",
-                       "EndSetContainer()",
-                       "StartObjectSet(S1, , obj)",
-                       "ObjectSetAddElement(A)",
-                       "ObjectSetAddElement(B)",
-                       "EndSet()",
-                       "EndSetSection()",
-                       "StartSmartSet(SM, , q)",
-                       "SmartSetPredicate(x > 1)",
+                       "StartSetContainer(SC, n)", "EndSetContainer()", "StartObjectSet(S1, , obj)",
+                       "ObjectSetAddElement(A)", "ObjectSetAddElement(B)", "EndSet()", "EndSetSection()",
+                       "StartSmartSet(SM, , q)", "SmartSetPredicate(x > 1)",
                        "EndSet()"};
 
     QTest::newRow("unknown elements and section names")
         << QByteArray(
                R"(<objects projectID="P" vendor="v" sourceFileName="model.src" changedBy="qa" changed="2024-06-02T08:30:00" oxaversion="1.5"><vendorData a="1"><genericObject ID="G"/>text</vendorData><content version="1.2"><section name="objectSection"/><section name="clashResults"/><section name="loggingSection" extra="1"/><ID k="1" v="X"/></content></objects>)")
         << QStringList{"StartOxaDocument(P, , model.src, , , , qa, 2024-06-02T08:30:00, 1.5)",
-                       "StartContent()",
-                       "Section(1)",
-                       "Section(0)",
-                       "Section(14)",
-                       "EndContent()",
+                       "StartContent()", "Section(1)", "Section(0)", "Section(14)", "EndContent()",
                        "EndOxaDocument()"};
 
     QTest::newRow("reader-only defaults of geometry")
         << QByteArray(
                R"(<data3D refID="D"><pl points="0 1 x 2" length="4"/><pl points="3 4" type="Chain" thickness="0.02"><tex coords="0 1"/><tess><t p1="3" p2="4" p3="5"/></tess></pl><pl type="Polygon" points=""/><solid><face><t p1="0" p2="1" p3="2"><tex coords="0 0 1 bad 0.5 1 7"/></t></face></solid><face shape="Curved"/><face shape="round"/><optOBB ref="1 2 3" vx="1 0" vy="0 1 0" vz="0 0 1 9"/><optOBBxy ref="1 2 3" vx="1 0" vy="0 1 5" h="2.5"/><l p1="0" p2="1"/></data3D>)")
         << QStringList{"StartData3D(D)",
-                       "StartPolyline([0 1 2], 1, 0)",
-                       "EndPolyline()",
-                       "StartPolyline([3 4], 0.02, 1)",
-                       "TextureCoords([(0 1)])",
-                       "StartTessellation()",
-                       "StartTriangle(3, 4, 5)",
-                       "EndTriangle()",
-                       "EndTessellation()",
-                       "EndPolyline()",
-                       "StartPolyline([], 1, 2)",
-                       "EndPolyline()",
-                       "StartSolid()",
-                       "StartFace()",
-                       "SetFaceShape(0)",
-                       "StartTriangle(0, 1, 2)",
-                       "TextureCoords([(0 0) (0.5 1)])",
-                       "EndTriangle()",
-                       "EndFace()",
-                       "EndSolid()",
-                       "StartFace()",
-                       "SetFaceShape(2)",
-                       "EndFace()",
-                       "StartFace()",
-                       "SetFaceShape(0)",
-                       "EndFace()",
-                       "OptOBB((1 2 3), (0 0 0), (0 1 0), (0 0 1))",
-                       "OptOBBxy((1 2 3), (1 0 0), (0 1 0), 2.5)",
-                       "Line(0, 1)",
+                       "StartPolyline([0 1 2], 1, 0)", "EndPolyline()", "StartPolyline([3 4], 0.02, 1)",
+                       "TextureCoords([(0 1)])", "StartTessellation()", "StartTriangle(3, 4, 5)",
+                       "EndTriangle()", "EndTessellation()", "EndPolyline()", "StartPolyline([], 1, 2)",
+                       "EndPolyline()", "StartSolid()", "StartFace()", "SetFaceShape(0)",
+                       "StartTriangle(0, 1, 2)", "TextureCoords([(0 0) (0.5 1)])", "EndTriangle()", "EndFace()",
+                       "EndSolid()", "StartFace()", "SetFaceShape(2)", "EndFace()", "StartFace()",
+                       "SetFaceShape(0)", "EndFace()", "OptOBB((1 2 3), (0 0 0), (0 1 0), (0 0 1))",
+                       "OptOBBxy((1 2 3), (1 0 0), (0 1 0), 2.5)", "Line(0, 1)",
                        "EndData3D()"};
 
     QTest::newRow("tex on an empty stack is a texture file")
@@ -431,73 +112,33 @@ void tst_OxaReader::callbacks_data() {
                R"(<objects><visualisationSection version="1.4"><viewContainer ID="VC" name="Views"><view ID="V" name="Front" current="true" thumbnail="front.png"><thumbnail>iVBO
 Rw==</thumbnail><camera eye="0 -10 2" lookat="0 0 0" up="0 0 1" nearPlane="0.1" farPlane="100" viewAngle="45" aspectRatio="1.5" projType="orthographic" orthoWidth="20" savedEye="1 2 3"/><light nr="2" name="Sun" off="true"><diff r="10" g="20" b="30" a="1"/><spot pos="1 2 3" dir="0 0 -1" cutoff="30"/></light><light nr="3"><directional dir="0 1 0"/><positional pos="4 5 6"/></light><clpPlane n="0 0 1" d="2.5" off="false"/><bgColor r="1" g="2" b="3"/></view></viewContainer></visualisationSection><unitSection version="1.4" defaultUnitLength="m"><unit dim="1" roundMode="down" digits="3" digitsMode="significant" baseUnit="m" convFactor="0.001" desc="millimetre">mm</unit><unit dim="2">m2</unit></unitSection></objects>)")
         << QStringList{"StartOxaDocument(, , , , , , , , )",
-                       "StartVisualisationSection(1.4)",
-                       "StartViewContainer(VC, Views)",
-                       "StartView(V, Front, true, front.png)",
-                       "ReadThumbnailData(bytes:89504e47)",
+                       "StartVisualisationSection(1.4)", "StartViewContainer(VC, Views)",
+                       "StartView(V, Front, true, front.png)", "ReadThumbnailData(bytes:89504e47)",
                        "ViewCamera((0 -10 2), (0 0 0), (0 0 1), 0.1, 100, 45, 1.5, 1, 0, 0, 20, 0, "
-                       "(1 2 3), (0 0 0))",
-                       "StartLight(2, Sun, true)",
-                       "ColorDiff(10, 20, 30, 1)",
-                       "SpotLight((1 2 3), (0 0 -1), 30)",
-                       "EndLight()",
-                       "StartLight(3, , false)",
-                       "DirectionalLight((0 1 0))",
-                       "PositionalLight((4 5 6))",
-                       "EndLight()",
-                       "ViewClippingPlane(2.5, (0 0 1), false)",
-                       "ViewBackGround(1, 2, 3)",
-                       "EndView()",
-                       "EndViewContainer()",
-                       "EndVisualisationSection()",
-                       "StartUnitSection(1.4, m, , )",
-                       "Unit(1, 1, 3, 2, m, , 0.001, millimetre)",
-                       "ReadUnitName(mm)",
-                       "Unit(2, 2, null, 0, , , null, )",
-                       "ReadUnitName(m2)",
-                       "EndUnitSection()",
+                       "(1 2 3), (0 0 0))", "StartLight(2, Sun, true)", "ColorDiff(10, 20, 30, 1)",
+                       "SpotLight((1 2 3), (0 0 -1), 30)", "EndLight()", "StartLight(3, , false)",
+                       "DirectionalLight((0 1 0))", "PositionalLight((4 5 6))", "EndLight()",
+                       "ViewClippingPlane(2.5, (0 0 1), false)", "ViewBackGround(1, 2, 3)", "EndView()",
+                       "EndViewContainer()", "EndVisualisationSection()", "StartUnitSection(1.4, m, , )",
+                       "Unit(1, 1, 3, 2, m, , 0.001, millimetre)", "ReadUnitName(mm)",
+                       "Unit(2, 2, null, 0, , , null, )", "ReadUnitName(m2)", "EndUnitSection()",
                        "EndOxaDocument()"};
 
     QTest::newRow("quantities, activities and the log")
         << QByteArray(
                R"(<objects><fitSection version="1.4"><items><item ID="F1" key="300" matchKey="Wall" name="Walls"><item ID="F2"/></item></items><qto><itemData refID="F2" desc="area"><formula orig="true" qto="false" text="L*H" var="A"><result refID="W" value="14.75" quality="1">14.750 m2</result><result refID="X" datatype="xs:double"/></formula></itemData></qto></fitSection><activitySection version="1.4"><schedule ID="S" name="Plan" ref="r" duration="30"><desc>the plan</desc><start date="2024-06-01" time="08:00:00"/><activity ID="A" refID="W" name="Build" wbs="1.1" visType="Construct"><end date="2024-07-01" time="bad"/></activity></schedule></activitySection><loggingSection version="1.4"><levelDef><level ID="L1"/></levelDef><msgGrp ID="G" description="import"><msgInfo type="Warning" module="reader" timeStamp="2024-06-01T12:00:05" levelRefID="L1"><msgTxt>careful</msgTxt><msgSet refID="W"/></msgInfo></msgGrp></loggingSection></objects>)")
         << QStringList{"StartOxaDocument(, , , , , , , , )",
-                       "StartFitSection(1.4)",
-                       "StartItem(F1, 300, Wall, Walls, )",
-                       "StartItem(F2, , , , )",
-                       "EndItem()",
-                       "EndItem()",
-                       "StartItemData(F2, area)",
-                       "StartFormula(true, false, L*H, A)",
-                       "StartResult(W, , 14.75, 1, )",
-                       "ReadResultDetail(14.750 m2)",
-                       "EndResult()",
-                       "StartResult(X, xs:double, nan, 0, )",
-                       "EndResult()",
-                       "EndFormula()",
-                       "EndItemData()",
-                       "EndFitSection()",
-                       "StartActivitySection(1.4)",
-                       "StartSchedule(S, Plan, r, 30)",
-                       "ReadDesc(the plan)",
-                       "StartStart(2024, 6, 1, 8, 0, 0)",
-                       "EndStart()",
-                       "StartActivity(A, Build, 1.1, -1, Construct, W)",
-                       "StartEnd(2024, 7, 1, 0, 0, 0)",
-                       "EndEnd()",
-                       "EndActivity()",
-                       "EndSchedule()",
-                       "EndActivitySection()",
-                       "StartLoggingSection(1.4)",
-                       "StartLevelDef()",
-                       "EndLevelDef()",
-                       "StartMsgGrp(G, import)",
-                       "StartMsgInfo(2, reader, 2024, 6, 1, 12, 0, 5, L1)",
-                       "MsgTxt(careful)",
-                       "MsgSet(W)",
-                       "EndMsgInfo()",
-                       "EndMsgGrp()",
-                       "EndLoggingSection()",
+                       "StartFitSection(1.4)", "StartItem(F1, 300, Wall, Walls, )", "StartItem(F2, , , , )",
+                       "EndItem()", "EndItem()", "StartItemData(F2, area)", "StartFormula(true, false, L*H, A)",
+                       "StartResult(W, , 14.75, 1, )", "ReadResultDetail(14.750 m2)", "EndResult()",
+                       "StartResult(X, xs:double, nan, 0, )", "EndResult()", "EndFormula()", "EndItemData()",
+                       "EndFitSection()", "StartActivitySection(1.4)", "StartSchedule(S, Plan, r, 30)",
+                       "ReadDesc(the plan)", "StartStart(2024, 6, 1, 8, 0, 0)", "EndStart()",
+                       "StartActivity(A, Build, 1.1, -1, Construct, W)", "StartEnd(2024, 7, 1, 0, 0, 0)",
+                       "EndEnd()", "EndActivity()", "EndSchedule()", "EndActivitySection()",
+                       "StartLoggingSection(1.4)", "StartLevelDef()", "EndLevelDef()", "StartMsgGrp(G, import)",
+                       "StartMsgInfo(2, reader, 2024, 6, 1, 12, 0, 5, L1)", "MsgTxt(careful)", "MsgSet(W)",
+                       "EndMsgInfo()", "EndMsgGrp()", "EndLoggingSection()",
                        "EndOxaDocument()"};
 }
 

@@ -13,11 +13,9 @@ struct CliResult {
 
 /// Runs the built `zentra` tool with the arguments, as a script would, and waits for it.
 inline CliResult run_cli(const QStringList& arguments,
-                         const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment(),
-                         const QString& directory = QString()) {
+                         const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment()) {
     QProcess process;
     process.setProcessEnvironment(environment);
-    process.setWorkingDirectory(directory);
     process.start(ZENTRA_CLI, arguments);
     process.waitForFinished(60000);
     return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
