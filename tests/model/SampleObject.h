@@ -37,14 +37,10 @@ public:
     long class_hashcode() const override { return hashcode(); }
     QString classname() const override { return QStringLiteral("test::Sample"); }
     QString info() const override { return QStringLiteral("Sample for tests."); }
-    void superclasses(QStringList& out) const override {
-        model::Object::superclasses(out);
-        out.append(model::Object::classname());
-    }
     using model::Object::property_list;
     void property_list(QStringList& out) const override {
         model::Object::property_list(out);
-        out << "name" << "next" << "items" << "attributes" << "tags" << "area";
+        out << QStringList{"name", "next", "items", "attributes", "tags", "area"};
         if (publish_ghost)
             out << "ghost";
     }
@@ -139,9 +135,7 @@ public:
         return n == "items" ? items.value(index) : model::Object::list_get(n, index);
     }
     void list_restore(const QString& n, int index, const QString& value) override {
-        if (n != "items")
-            return model::Object::list_restore(n, index, value);
-        items.insert(index, value);
+        list_insert(n, index, value);
     }
     void map_get_all_keys(const QString& n, QStringList& out) override {
         if (n != "attributes")
@@ -162,9 +156,7 @@ public:
         attributes.remove(key);
     }
     void map_restore_value(const QString& n, const QString& key, const QString& value) override {
-        if (n != "attributes")
-            return model::Object::map_restore_value(n, key, value);
-        attributes[key] = value;
+        map_write_value(n, key, value);
     }
     void set_get_values(const QString& n, QStringList& out) override {
         if (n != "tags")
