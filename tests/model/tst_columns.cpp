@@ -58,20 +58,12 @@ struct Star : LinkedColumns {
     }
 };
 
-struct ColumnState {
-    int active;
-    int filtered;
-    QStringList order;
-    bool operator==(const ColumnState& other) const {
-        return active == other.active && filtered == other.filtered && order == other.order;
-    }
-};
-
-static ColumnState state_of(const QSColumnAbstract* column) {
+/// A column's active and filtered counts and its rows in order.
+static QString state_of(const QSColumnAbstract* column) {
     QStringList order;
     for (int row = 0; row < column->model()->rowCount(); ++row)
         order.append(cell(column->model(), row, 0));
-    return {column->active(), column->filtered(), order};
+    return QString("%1 %2 %3").arg(column->active()).arg(column->filtered()).arg(order.join(' '));
 }
 
 class tst_columns : public QObject {
@@ -102,18 +94,11 @@ void tst_columns::columns_register_by_name_and_items_by_object() {
     LinkedColumns fixture;
     QSColumnObject* tiles = fixture.column("tiles");
     QCOMPARE(fixture.system.qs_columns().value("tiles"), tiles);
-    QCOMPARE(tiles->name(), QString("tiles"));
-    QCOMPARE(tiles->system(), &fixture.system);
-    QCOMPARE(tiles->kind(), 1);
 
     QSItemObject* first = fixture.item(tiles, "t0");
     QCOMPARE(tiles->item(first->object()), first); // made once per object
     QCOMPARE(tiles->size(), 1);
-    QCOMPARE(first->column(), tiles);
-    QCOMPARE(first->kind(), 1);
     QCOMPARE(first->value().toString(), QString("t0"));
-    QCOMPARE(tiles->index(first), 0);
-    QCOMPARE(tiles->active(), 1);
     QVERIFY(first->is_active());
 
     // Items of columns that the graph does not connect cannot be linked.
@@ -123,7 +108,6 @@ void tst_columns::columns_register_by_name_and_items_by_object() {
     QVERIFY(first->links().isEmpty() && wall->links().isEmpty());
     tiles->link_to(walls);
     QVERIFY(first->link_to(wall));
-    QVERIFY(wall->links().contains(first));
     QCOMPARE(cell(walls->model(), 0, 1), QString("1"));
     QVERIFY(wall->unlink(first));
     QVERIFY(!first->unlink(wall));
@@ -137,21 +121,12 @@ void tst_columns::columns_register_by_name_and_items_by_object() {
 void tst_columns::top_level_filter_reaches_every_linked_column_data() {
     QTest::addColumn<QString>("start");
     QTest::addColumn<QStringList>("chosen");
-    QTest::addColumn<QStringList>("a");
-    QTest::addColumn<QStringList>("b");
-    QTest::addColumn<QStringList>("c");
-    QTest::addColumn<QStringList>("d");
-    QTest::newRow("from one end") << "a" << QStringList{"a1"} << QStringList{"a1"} << QStringList{"b1"}
-                                  << QStringList{"c1"} << QStringList{"d1"};
-    QTest::newRow("from the other end")
-        << "d" << QStringList{"d1"} << QStringList{"a1", "a2"} << QStringList{"b1", "b2"}
-        << QStringList{"c1", "c2"} << QStringList{"d1"};
+    QTest::addColumn<QString>("active"); // the active items of a, b, c and d
+    QTest::newRow("from one end") << "a" << QStringList{"a1"} << "a1 | b1 | c1 | d1";
+    QTest::newRow("from the other end") << "d" << QStringList{"d1"} << "a1 a2 | b1 b2 | c1 c2 | d1";
     QTest::newRow("from the middle, both ways")
-        << "b" << QStringList{"b0", "b2"} << QStringList{"a0", "a2"} << QStringList{"b0", "b2"}
-        << QStringList{"c0", "c1"} << QStringList{"d0", "d1"};
-    QTest::newRow("item without a partner further on")
-        << "d" << QStringList{"d0"} << QStringList{"a0"} << QStringList{"b0"} << QStringList{"c0"}
-        << QStringList{"d0"};
+        << "b" << QStringList{"b0", "b2"} << "a0 a2 | b0 b2 | c0 c1 | d0 d1";
+    QTest::newRow("item without a partner further on") << "d" << QStringList{"d0"} << "a0 | b0 | c0 | d0";
 }
 
 void tst_columns::top_level_filter_reaches_every_linked_column() {
@@ -163,10 +138,10 @@ void tst_columns::top_level_filter_reaches_every_linked_column() {
     QSignalSpy resets(chain.d->model(), &QAbstractItemModel::modelReset);
     chain.choose(first, chosen);
 
-    QTEST(active_set(chain.a), "a");
-    QTEST(active_set(chain.b), "b");
-    QTEST(active_set(chain.c), "c");
-    QTEST(active_set(chain.d), "d");
+    QStringList active;
+    for (QSColumnObject* column : {chain.a, chain.b, chain.c, chain.d})
+        active << active_set(column).join(' ');
+    QTEST(active.join(" | "), "active");
     // The active rows stand in front, and each column remembers how far it was narrowed.
     for (QSColumnObject* column : {chain.a, chain.b, chain.c, chain.d}) {
         QCOMPARE(active_ids(column).size(), column->active());
@@ -190,7 +165,6 @@ void tst_columns::star_filter_deactivates_unreached_columns() {
     star.p->filter(places);
     QCOMPARE(active_set(star.s), QStringList{"s1"});
     QCOMPARE(active_set(star.r), QStringList{"r0"});
-    QCOMPARE(active_set(star.q), QStringList{});
     QCOMPARE(star.q->active(), 0); // the walk never reached q
     QCOMPARE(unlinked->active(), 0);
 
@@ -212,13 +186,13 @@ void tst_columns::reached_column_with_no_active_choice_is_left_unchanged() {
     chain.choose(chain.a, {"a1"});
     chain.a->clear_filter();
     QCOMPARE(chain.a->active(), 3);
-    const ColumnState b_before = state_of(chain.b);
+    const QString b_before = state_of(chain.b);
 
     // a0 leads to b0, which b no longer shows as active: b returns early, keeps its state and
     // still counts as reached; c behind it is not reached and goes dark.
     chain.choose(chain.a, {"a0"});
     QCOMPARE(active_ids(chain.a), QStringList{"a0"});
-    QVERIFY(state_of(chain.b) == b_before);
+    QCOMPARE(state_of(chain.b), b_before);
     QCOMPARE(active_ids(chain.b), QStringList{"b1"});
     QCOMPARE(chain.c->active(), 0);
     QCOMPARE(chain.d->active(), 0);
@@ -234,7 +208,7 @@ void tst_columns::filter_that_changes_nothing() {
     QFETCH(QList<int>, places);
     Chain chain;
     chain.choose(chain.b, {"b0"});
-    QList<ColumnState> before;
+    QStringList before;
     QList<QSharedPointer<QSignalSpy>> resets;
     for (QSColumnObject* column : {chain.a, chain.b, chain.c, chain.d}) {
         before.append(state_of(column));
@@ -243,7 +217,7 @@ void tst_columns::filter_that_changes_nothing() {
     chain.b->filter(places);
     const QList<QSColumnObject*> columns{chain.a, chain.b, chain.c, chain.d};
     for (int i = 0; i < columns.size(); ++i) {
-        QVERIFY(state_of(columns.at(i)) == before.at(i));
+        QCOMPARE(state_of(columns.at(i)), before.at(i));
         QCOMPARE(resets.at(i)->count(), 0);
     }
 }
@@ -344,6 +318,7 @@ void tst_columns::removing_an_object_unlinks_its_item() {
     QList<int> past_the_items{2};
     chain.c->filter(past_the_items);
     QCOMPARE(chain.c->active(), 3);
+    // Null objects and columns are refused quietly.
     QVERIFY(!chain.c->item(nullptr));
     chain.c->link_to(nullptr);
     chain.c->remove_link(nullptr);
@@ -356,23 +331,17 @@ void tst_columns::sort_orders_by_identifier() {
     for (const char* id : {"b", "a", "C", "aa"})
         fixture.item(names, id);
     names->sort();
-    QStringList shown;
-    for (int row = 0; row < names->model()->rowCount(); ++row)
-        shown.append(cell(names->model(), row, 0));
-    QCOMPARE(shown, (QStringList{"C", "a", "aa", "b"}));
+    QCOMPARE(active_ids(names), (QStringList{"C", "a", "aa", "b"}));
 }
 
 void tst_columns::table_model_headers() {
     LinkedColumns fixture;
     const QAbstractItemModel* shown = fixture.column("names")->model();
-    QCOMPARE(shown->columnCount(), 4);
     QStringList headers;
-    for (int section = 0; section < 4; ++section)
+    for (int section = 0; section < shown->columnCount(); ++section)
         headers.append(shown->headerData(section, Qt::Horizontal).toString());
     QCOMPARE(headers, (QStringList{"Value", "Nr.Refs.", "Filter", "Active"}));
-    QVERIFY(!shown->headerData(4, Qt::Horizontal).isValid());
     QCOMPARE(shown->headerData(17, Qt::Vertical).toInt(), 17);
-    QVERIFY(!shown->headerData(0, Qt::Horizontal, Qt::ToolTipRole).isValid());
 }
 
 void tst_columns::table_model_shows_the_three_states_data() {
@@ -381,13 +350,11 @@ void tst_columns::table_model_shows_the_three_states_data() {
     QTest::addColumn<QString>("active_text");
     QTest::addColumn<QVariant>("background");
     QTest::addColumn<QVariant>("foreground");
-    QTest::newRow("active") << 0 << "filtered"
-                            << "active" << QVariant() << QVariant();
-    QTest::newRow("passed over") << 2 << "filtered"
-                                 << "" << QVariant(QColor(30, 70, 120, 255))
+    QTest::newRow("active") << 0 << "filtered" << QString("active") << QVariant() << QVariant();
+    QTest::newRow("passed over") << 2 << "filtered" << QString("") << QVariant(QColor(30, 70, 120, 255))
                                  << QVariant(QColor(80, 80, 120, 255));
-    QTest::newRow("out") << 3 << ""
-                         << "" << QVariant(QColor(50, 100, 180, 255)) << QVariant(QColor(80, 80, 120, 255));
+    QTest::newRow("out") << 3 << "" << QString("") << QVariant(QColor(50, 100, 180, 255))
+                         << QVariant(QColor(80, 80, 120, 255));
 }
 
 void tst_columns::table_model_shows_the_three_states() {
@@ -419,17 +386,12 @@ void tst_columns::table_model_shows_the_three_states() {
 void tst_columns::table_model_refuses_cells_outside_the_table() {
     Chain chain;
     QAbstractItemModel* shown = chain.d->model();
-    QVERIFY(!shown->data(QModelIndex()).isValid());
-    QVERIFY(!shown->index(2, 0).isValid());
-    QCOMPARE(shown->rowCount(shown->index(0, 0)), 0);
-    QCOMPARE(shown->columnCount(shown->index(0, 0)), 0);
     // Removing an object does not reset the model: an index made while its row existed now
     // points past the end and gets nothing.
     const QPersistentModelIndex gone = shown->index(1, 0);
     chain.d->remove(chain.system.object("d1"));
     QVERIFY(gone.isValid());
     QVERIFY(!shown->data(gone).isValid());
-    QVERIFY(!shown->data(gone, Qt::FontRole).isValid());
 }
 
 QTEST_GUILESS_MAIN(tst_columns)
