@@ -39,13 +39,11 @@ class tst_column_graph : public QObject {
     Q_OBJECT
 private slots:
     void entries_stand_in_one_row_and_one_column();
-    void missing_entries_and_rows_are_shared_null_objects();
     void multiply_over_the_kept_keys();
     void merge_adds_where_both_have_entries();
     void algebra_keeps_the_shorter_chain_and_the_later_on_a_tie();
     void shortest_chains_data();
     void shortest_chains();
-    void every_linked_column_reaches_itself_out_and_back();
     void unlinked_columns_are_keys_without_entries();
     void removed_link_stays_until_the_next_rebuild();
 };
@@ -57,14 +55,9 @@ void tst_column_graph::entries_stand_in_one_row_and_one_column() {
     g.set(3, 2, 32);
     g.set(1, 2, 21); // replaces the value of the existing entry
     QCOMPARE(g.get(1, 2).value, 21);
-    QCOMPARE(g.get(1, 2).from, 1);
-    QCOMPARE(g.get(1, 2).to, 2);
-    QCOMPARE(g.row(1).size(), 2);
     QCOMPARE(g.row(1).entries.keys(), (QList<int>{2, 3}));
     QCOMPARE(g.entries().size(), 3);
-    QList<int> keys = g.key_list();
-    std::sort(keys.begin(), keys.end());
-    QCOMPARE(keys, (QList<int>{1, 2, 3}));
+    QCOMPARE(g.key_set(), (QSet<int>{1, 2, 3}));
 
     g.replace(3, 2, 7);
     g.replace(2, 3, 9); // no such entry: nothing happens
@@ -72,30 +65,13 @@ void tst_column_graph::entries_stand_in_one_row_and_one_column() {
     QVERIFY(g.get(2, 3).is_null());
     QCOMPARE(g.entries().size(), 3);
 
-    g.add_key(9);
-    QVERIFY(g.key_set().contains(9));
-    QString printed;
-    QTextStream stream(&printed);
-    g.print(stream);
-    QCOMPARE(printed.count("->"), 3);
-
-    IntGraph moved(std::move(g));
-    QCOMPARE(moved.get(1, 3).value, 13);
-    moved.clear();
-    QVERIFY(moved.key_list().isEmpty());
-    QVERIFY(moved.entries().isEmpty());
-    QVERIFY(moved.get(1, 3).is_null());
-}
-
-void tst_column_graph::missing_entries_and_rows_are_shared_null_objects() {
-    IntGraph g;
-    g.set(1, 2, 5);
-    QVERIFY(g.get(2, 1).is_null());
-    QVERIFY(g.get(7, 8).is_null());
+    // A missing entry or row is one shared null object.
     QCOMPARE(&g.get(2, 1), &g.get(7, 8));
     QVERIFY(g.row(2).isEmpty());
-    QCOMPARE(&g.row(2), &g.row(42));
-    QVERIFY(!g.get(1, 2).is_null());
+
+    g.clear();
+    QVERIFY(g.key_list().isEmpty());
+    QVERIFY(g.get(1, 3).is_null());
 }
 
 void tst_column_graph::multiply_over_the_kept_keys() {
@@ -118,9 +94,7 @@ void tst_column_graph::multiply_over_the_kept_keys() {
     other.set(2, 3, 1);
     other.set(3, 9, 1);
     const IntGraph partial = adjacency.multiply(other, {9, 1, 3, 2}, counting);
-    QList<int> kept = partial.key_list();
-    std::sort(kept.begin(), kept.end());
-    QCOMPARE(kept, (QList<int>{2, 3}));
+    QCOMPARE(partial.key_set(), (QSet<int>{2, 3}));
     QCOMPARE(partial.entries().size(), 1); // 3 -> 2 -> 3
     QCOMPARE(partial.get(3, 3).value, 1);
     const IntGraph without_three = adjacency.multiply(other, {2, 1}, counting);
@@ -178,33 +152,23 @@ void tst_column_graph::algebra_keeps_the_shorter_chain_and_the_later_on_a_tie() 
 
 void tst_column_graph::shortest_chains_data() {
     QTest::addColumn<QStringList>("links");
-    QTest::addColumn<QString>("from");
-    QTest::addColumn<QString>("to");
-    QTest::addColumn<QStringList>("chain");
+    QTest::addColumn<QStringList>("chain"); // from its first column to its last
     const QStringList chain{"a-b", "b-c", "c-d"};
     const QStringList star{"s-p", "s-q", "s-r"};
-    QTest::newRow("chain, direct") << chain << "b"
-                                   << "c" << QStringList{"b", "c"};
-    QTest::newRow("chain, two steps") << chain << "a"
-                                      << "c" << QStringList{"a", "b", "c"};
-    QTest::newRow("chain, two steps back") << chain << "c"
-                                           << "a" << QStringList{"c", "b", "a"};
-    QTest::newRow("chain, end to end") << chain << "a"
-                                       << "d" << QStringList{"a", "b", "c", "d"};
-    QTest::newRow("chain, end to end back") << chain << "d"
-                                            << "a" << QStringList{"d", "c", "b", "a"};
-    QTest::newRow("star, leaf to leaf") << star << "p"
-                                        << "r" << QStringList{"p", "s", "r"};
-    QTest::newRow("star, back") << star << "r"
-                                << "p" << QStringList{"r", "s", "p"};
-    QTest::newRow("star, middle to leaf") << star << "s"
-                                          << "q" << QStringList{"s", "q"};
-    QTest::newRow("ring, shorter way round") << QStringList{"a-b", "b-c", "c-d", "d-e", "e-a"} << "a"
-                                             << "d" << QStringList{"a", "e", "d"};
+    QTest::newRow("chain, direct") << chain << QStringList{"b", "c"};
+    QTest::newRow("chain, two steps back") << chain << QStringList{"c", "b", "a"};
+    QTest::newRow("chain, end to end") << chain << QStringList{"a", "b", "c", "d"};
+    QTest::newRow("star, leaf to leaf") << star << QStringList{"p", "s", "r"};
+    QTest::newRow("star, middle to leaf") << star << QStringList{"s", "q"};
+    // A linked column reaches itself out and back.
+    QTest::newRow("star, leaf to itself") << star << QStringList{"p", "s", "p"};
+    QTest::newRow("ring, shorter way round")
+        << QStringList{"a-b", "b-c", "c-d", "d-e", "e-a"} << QStringList{"a", "e", "d"};
 }
 
 void tst_column_graph::shortest_chains() {
     QFETCH(QStringList, links);
+    QFETCH(QStringList, chain);
     LinkedColumns fixture;
     QHash<QString, QSColumnObject*> by_name;
     for (const QString& link : links)
@@ -214,28 +178,8 @@ void tst_column_graph::shortest_chains() {
     for (const QString& link : links)
         by_name.value(link.section('-', 0, 0))->link_to(by_name.value(link.section('-', 1, 1)));
     QCOMPARE(fixture.system.graph_generation(), links.size());
-    QFETCH(QString, from);
-    QFETCH(QString, to);
-    QTEST(chain_between(fixture.system, from, to), "chain");
+    QCOMPARE(chain_between(fixture.system, chain.first(), chain.last()), chain);
     QCOMPARE(fixture.system.graph().key_list().size(), by_name.size());
-}
-
-void tst_column_graph::every_linked_column_reaches_itself_out_and_back() {
-    LinkedColumns fixture;
-    QSColumnObject* s = fixture.column("s");
-    QSColumnObject* p = fixture.column("p");
-    QSColumnObject* q = fixture.column("q");
-    s->link_to(p);
-    s->link_to(q);
-    const QStringList around_p = chain_between(fixture.system, "p", "p");
-    QCOMPARE(around_p, (QStringList{"p", "s", "p"}));
-    const QStringList around_s = chain_between(fixture.system, "s", "s");
-    QCOMPARE(around_s.size(), 3);
-    QCOMPARE(around_s.first(), QString("s"));
-    QCOMPARE(around_s.last(), QString("s"));
-    // s has two neighbours at the same distance; which one the search meets first depends on
-    // the hash order of the links, which the graph does not define, so either is a valid path.
-    QVERIFY(around_s.at(1) == "p" || around_s.at(1) == "q");
 }
 
 void tst_column_graph::unlinked_columns_are_keys_without_entries() {

@@ -39,13 +39,14 @@ struct Pivot : LinkedColumns {
             places.append(in->index(at(in, id)));
         in->filter(places);
     }
-    /// Every row as its cells joined by "/", an empty cell as "".
-    QStringList rows() const {
+    /// Every row of a table (by default the one over a, b and c) as its cells joined by "/".
+    QStringList rows(const QSModelPivotTable* of = nullptr) const {
+        of = of ? of : &table;
         QStringList out;
-        for (int row = 0; row < table.rowCount(); ++row) {
+        for (int row = 0; row < of->rowCount(); ++row) {
             QStringList cells;
-            for (int column = 0; column < table.columnCount(); ++column)
-                cells.append(cell(&table, row, column));
+            for (int column = 0; column < of->columnCount(); ++column)
+                cells.append(cell(of, row, column));
             out.append(cells.join('/'));
         }
         return out;
@@ -69,7 +70,6 @@ class tst_pivot_table : public QObject {
     Q_OBJECT
 private slots:
     void rows_follow_the_links_column_by_column();
-    void headers_name_the_columns();
     void rows_after_a_filter_data();
     void rows_after_a_filter();
     void nodes_whose_children_are_all_inactive_vanish();
@@ -82,7 +82,6 @@ private slots:
 void tst_pivot_table::rows_follow_the_links_column_by_column() {
     Pivot pivot;
     QVERIFY(pivot.linked);
-    QCOMPARE(pivot.table.columnCount(), 3);
     QCOMPARE(pivot.rows(), (QStringList{"a0/b0/c0", "a0/b0/c1", "a0/b1/c2", "a1/b2/", "a2//"}));
     QCOMPARE(pivot.marked_rows(), (QList<int>{0, 3, 4}));
 
@@ -95,19 +94,11 @@ void tst_pivot_table::rows_follow_the_links_column_by_column() {
     QCOMPARE(roots.at(1)->end, 3);
     QCOMPARE(roots.at(2)->children.size(), 0);
 
-    QVERIFY(!pivot.table.data(QModelIndex()).isValid());
-    QVERIFY(!pivot.table.data(pivot.table.index(0, 0), Qt::ToolTipRole).isValid());
-    QCOMPARE(pivot.table.rowCount(pivot.table.index(0, 0)), 0);
-    QCOMPARE(pivot.table.columnCount(pivot.table.index(0, 0)), 0);
-}
-
-void tst_pivot_table::headers_name_the_columns() {
-    Pivot pivot;
-    QCOMPARE(pivot.table.headerData(0, Qt::Horizontal).toString(), QString("a"));
-    QCOMPARE(pivot.table.headerData(2, Qt::Horizontal).toString(), QString("c"));
-    QVERIFY(!pivot.table.headerData(3, Qt::Horizontal).isValid());
+    QStringList headers;
+    for (int section = 0; section < pivot.table.columnCount(); ++section)
+        headers.append(pivot.table.headerData(section, Qt::Horizontal).toString());
+    QCOMPARE(headers, (QStringList{"a", "b", "c"}));
     QCOMPARE(pivot.table.headerData(4, Qt::Vertical).toInt(), 4);
-    QVERIFY(!pivot.table.headerData(0, Qt::Horizontal, Qt::ToolTipRole).isValid());
 }
 
 void tst_pivot_table::rows_after_a_filter_data() {
@@ -159,11 +150,7 @@ void tst_pivot_table::chain_through_a_column_not_shown() {
     pivot.watch(&skipping);
     skipping.setup();
     skipping.model_reset();
-    QCOMPARE(skipping.rowCount(), 5);
-    QStringList rows;
-    for (int row = 0; row < skipping.rowCount(); ++row)
-        rows.append(cell(&skipping, row, 0) + "/" + cell(&skipping, row, 1));
-    QCOMPARE(rows, (QStringList{"a0/c0", "a0/c1", "a0/c2", "a1/", "a2/"}));
+    QCOMPARE(pivot.rows(&skipping), (QStringList{"a0/c0", "a0/c1", "a0/c2", "a1/", "a2/"}));
 }
 
 void tst_pivot_table::one_column_shows_one_row_per_active_item() {
@@ -175,9 +162,7 @@ void tst_pivot_table::one_column_shows_one_row_per_active_item() {
     single.model_reset();
     QCOMPARE(single.rowCount(), 3);
     pivot.choose(pivot.a, {"a0"});
-    QCOMPARE(single.rowCount(), 2);
-    QStringList shown{cell(&single, 0, 0), cell(&single, 1, 0)};
-    QCOMPARE(shown, (QStringList{"b0", "b1"}));
+    QCOMPARE(pivot.rows(&single), (QStringList{"b0", "b1"}));
     QVERIFY(!single.data(single.index(1, 0), Qt::BackgroundRole).isNull());
 }
 
@@ -217,7 +202,6 @@ void tst_pivot_table::foreign_and_unconnected_columns_add_no_rows() {
     table.setup();
     table.model_reset();
     QCOMPARE(table.rowCount(), 0);
-    QVERIFY(table.roots().isEmpty());
 
     // Columns that the graph does not connect: every root stands alone.
     QSColumnObject* lone = pivot.column("lone");
