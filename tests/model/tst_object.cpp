@@ -198,6 +198,7 @@ void tst_object::object_to_xml_of_every_kind() {
     sample.property("name").set_update_method("recompute", false);
     sample.property("next").set_update_method("other::derive", true);
     Method& recompute = sample.method("recompute");
+    recompute.version(4);
     recompute.last_update_versions().insert("s1.name", 3);
     recompute.add_input_path("s1.next[name]");
     recompute.add_output_path("s1.area");
@@ -219,7 +220,7 @@ void tst_object::object_to_xml_of_every_kind() {
    <setelement>t1</setelement>
    <setelement>t2</setelement>
 </set>
-<method name="recompute" VERSION="0">
+<method name="recompute" VERSION="4">
   <lastupdate name="s1.name" version="3"/>
   <inputpath name="s1.next[name]"/>
   <outputpath name="s1.area"/>
