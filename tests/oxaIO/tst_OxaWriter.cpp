@@ -36,28 +36,18 @@ const std::map<int, Step>& Steps() {
         {esMaterial, {esMaterialSection, [](OxaWriter& w) { w.StartMaterial(L"m", L""); }}},
         {esRootContainer, {esObjectSection, [](OxaWriter& w) { w.StartRootContainer(L"r", L""); }}},
         {esContainer, {esObjectSection, [](OxaWriter& w) { w.StartContainer(L"c", L"", L"", false); }}},
-        {esGenericObject, {esContainer, [](OxaWriter& w) { w.StartGenericObject(L"g", L""); }}},
         {esObject2D, {esContainer, [](OxaWriter& w) { w.StartObject2D(L"o", L"", L"", false, L""); }}},
         {esObject3D, {esContainer, [](OxaWriter& w) { w.StartObject3D(L"o", L"", L"", false, L""); }}},
         {esData3D, {esObjectDataSection, [](OxaWriter& w) { w.StartData3D(L"o"); }}},
-        {esPl,
-         {esData3D,
-          [](OxaWriter& w) {
-              w.StartPolyline({0, 1, 2, 0}, {}, plPolygon);
-          }}},
+        {esPl, {esData3D, [](OxaWriter& w) { w.StartPolyline({0, 1, 2, 0}, {}, plPolygon); }}},
         {esTess, {esPl, [](OxaWriter& w) { w.StartTesselation(); }}},
         {esSolid, {esData3D, [](OxaWriter& w) { w.StartSolid(); }}},
-        {esFace, {esData3D, [](OxaWriter& w) { w.StartFace(); }}},
         {esTxt,
          {esObject2D, [](OxaWriter& w) { w.StartText(0, {}, {}, {}, L"t", {}, L"f", 10, false, false); }}},
-        {esPropertySection, {esObjectSection, [](OxaWriter& w) { w.StartPropertySection(); }}},
         {esTopologySection, {esObjects, [](OxaWriter& w) { w.StartTopologySection(); }}},
-        {esContacts, {esTopologySection, [](OxaWriter& w) { w.StartContacts(0.1, L"m", true); }}},
-        {esIntersections, {esTopologySection, [](OxaWriter& w) { w.StartIntersections(0.1, L"m", true); }}},
         {esHRefs, {esTopologySection, [](OxaWriter& w) { w.StartHRefs(L"m"); }}},
         {esFitSection, {esObjects, [](OxaWriter& w) { w.StartFitSection(); }}},
         {esItems, {esFitSection, [](OxaWriter& w) { w.StartItems(); }}},
-        {esItem, {esItems, [](OxaWriter& w) { w.StartItem(L"i", L"", L"", L"", L""); }}},
         {esQto, {esFitSection, [](OxaWriter& w) { w.StartQto(); }}},
         {esItemData, {esQto, [](OxaWriter& w) { w.StartItemData(L"i", L""); }}},
         {esFormula, {esItemData, [](OxaWriter& w) { w.StartFormula(true, true, L"", L""); }}},
@@ -69,17 +59,13 @@ const std::map<int, Step>& Steps() {
         {esCurrencySection, {esObjects, [](OxaWriter& w) { w.StartCurrencySection(); }}},
         {esBsSection, {esObjects, [](OxaWriter& w) { w.StartBsSection(); }}},
         {esBsTypes, {esBsSection, [](OxaWriter& w) { w.StartBsTypes(); }}},
-        {esBsType, {esBsTypes, [](OxaWriter& w) { w.StartBsType(L"t", L"", 0); }}},
-        {esBsItem, {esBsSection, [](OxaWriter& w) { w.StartBsItem(L"b", L"", L"", L""); }}},
         {esSetSection, {esObjectSection, [](OxaWriter& w) { w.StartSetSection(); }}},
         {esSetContainer, {esSetSection, [](OxaWriter& w) { w.StartSetContainer(L"sc", L""); }}},
         {esActivitySection, {esObjects, [](OxaWriter& w) { w.StartActivitySection(); }}},
         {esSchedule, {esActivitySection, [](OxaWriter& w) { w.StartSchedule(L"s", L"", L"", -1, L""); }}},
         {esActivity, {esSchedule, [](OxaWriter& w) { w.StartActivity(L"a", L"", L"", -1, L""); }}},
         {esLoggingSection, {esObjects, [](OxaWriter& w) { w.StartLoggingSection(); }}},
-        {esLevelDef, {esLoggingSection, [](OxaWriter& w) { w.StartLevelDef(); }}},
         {esMsgGrp, {esLoggingSection, [](OxaWriter& w) { w.StartMsgGrp(L"g", L""); }}},
-        {esMsgInfo, {esMsgGrp, [](OxaWriter& w) { w.StartMsgInfo(1, L"m", 2024, 1, 1, 0, 0, 0, L""); }}},
     };
     return steps;
 }
@@ -196,13 +182,6 @@ void tst_OxaWriter::documentStart() {
     Steps().at(esObjects).open(session.writer);
     QCOMPARE(Outcome([&] { Steps().at(esObjects).open(session.writer); }),
              std::make_pair(6, QString("StartOxaDocument: Document already in progress")));
-    session.writer.EndOxaDocument();
-    session.writer.EndDocument();
-    QCOMPARE(
-        QString::fromStdString(session.out.str()),
-        QString("<objects xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\" "
-                "xsi:noNamespaceSchemaLocation=\"OXA-Objects.xsd\" projectID=\"p\" createdBy=\"c\" "
-                "sourceApp=\"a\" sourceFormat=\"f\" created=\"2024-01-02T03:04:05\" oxaversion=\"1.5\"/>\n"));
 
     // A fragment opened outside the document keeps the document from starting.
     Session fragment;
@@ -246,12 +225,11 @@ void tst_OxaWriter::valueChecks_data() {
     row("green above 255", esLight, [](OxaWriter& w) { w.Amb(0, 300, 0, 1.0); }, "value for g not allowed");
     row("blue above 255", esView, [](OxaWriter& w) { w.BgColor(0, 0, 256, {}); }, "value for b not allowed");
     row("negative red", esTxt, [](OxaWriter& w) { w.Color(-1, 0, 0, {}); }, "value for r not allowed");
-    row("255 passes", esMaterial, [](OxaWriter& w) { w.MaterialSpec(255, 255, 255, 1.0); }, "");
     row("alpha 1.0000001", esMaterial, [](OxaWriter& w) { w.MaterialAmb(0, 0, 0, double(1.0000001f)); },
         "value for a not allowed");
     row("alpha below 0", esLight, [](OxaWriter& w) { w.Diff(0, 0, 0, -0.001); }, "value for a not allowed");
     row("alpha 0 and 1", esLight, [](OxaWriter& w) { w.Spec(0, 0, 0, 0.0); w.Diff(0, 0, 0, 1.0); }, "");
-    row("alpha NaN", esMaterial, [nan](OxaWriter& w) { w.MaterialDiff(0, 0, 0, nan); }, "");
+    row("255 and alpha NaN", esMaterial, [nan](OxaWriter& w) { w.MaterialSpec(255, 255, 255, nan); }, "");
     row("view angle 360", esView, [c](OxaWriter& w) {
         w.Camera(c, c, c, 1, 2, 360.0, 1, 0, 0, 0, 0, 0, c, c);
     }, "");
@@ -305,7 +283,6 @@ void tst_OxaWriter::elements_data() {
     QTest::addColumn<QString>("written");
     // What a read of the written document shows is the writer's round-trip test; these rows pin
     // what a read cannot: attributes left out, numbers as text, and elements the walk never writes.
-    const VCoords3D x{1, 0, 0}, y{0, 2, 0}, z{0, 0, 3.5}, o{};
     const auto row = [](const char* name, int parent, const Call& call, const char* written) {
         QTest::newRow(name) << parent << call << QString(written);
     };
@@ -327,19 +304,9 @@ void tst_OxaWriter::elements_data() {
     }, "<container ID=\"c\" name=\"N\" unit=\"mm\"/>");
     row("point", esData3D, [](OxaWriter& w) { w.Point(3, 1.5, -0.0, 1e-7); },
         "<p nr=\"3\" x=\"1.5\" y=\"-0\" z=\"1e-07\"/>");
-    row("triangle with three texture coordinates", esData3D, [](OxaWriter& w) {
-        w.Triangle(0, 1, 2, {{0, 0}, {1, 0}, {0.5, 1}});
-    }, "<t p1=\"0\" p2=\"1\" p3=\"2\"><tex coords=\"0 0 1 0 0.5 1\"/></t>");
-    row("triangle with two texture coordinates", esFace, [](OxaWriter& w) {
-        w.Triangle(0, 1, 2, {{0, 0}, {1, 0}});
-    }, "<t p1=\"0\" p2=\"1\" p3=\"2\"/>");
     row("triangle with four texture coordinates", esTess, [](OxaWriter& w) {
         w.Triangle(0, 1, 2, {{0, 0}, {1, 0}, {1, 1}, {0, 1}});
     }, "<t p1=\"0\" p2=\"1\" p3=\"2\"/>");
-    row("polygon with coordinates", esFace, [](OxaWriter& w) {
-        w.StartPolyline({0, 1, 2, 0}, {{0, 0}, {1, 0.25}}, plPolygon);
-        w.EndPolyline();
-    }, "<pl length=\"4\" points=\"0 1 2 0\" type=\"Polygon\"><tex coords=\"0 0 1 0.25\"/></pl>");
     row("polyline without type", esSolid, [](OxaWriter& w) {
         w.StartPolyline({}, {}, plNone);
         w.EndPolyline();
@@ -358,19 +325,11 @@ void tst_OxaWriter::elements_data() {
         w.HRefRel(L"o", L"", L"u");
         w.HRefRel(L"o", L"l", L"u");
     }, "<hRefRel refID=\"o\" hRefU=\"u\"/><hRefRel refID=\"o\" hRefL=\"l\" hRefU=\"u\"/>");
-    row("perspective camera", esView,
-        [=](OxaWriter& w) { w.Camera(x, o, z, 0.1, 100, 45, 1.5, 0, 9, 9, 9, 9, y, y); },
-        "<camera eye=\"1 0 0\" lookat=\"0 0 0\" up=\"0 0 3.5\" nearPlane=\"0.1\" farPlane=\"100\" "
-        "viewAngle=\"45\" aspectRatio=\"1.5\" projType=\"perspective\"/>");
     row("result with value zero and no quality", esFormula,
         [](OxaWriter& w) { w.Result(L"o", 0.0, L"", 0, L""); },
         "<result refID=\"o\" value=\"0\"></result>");
     row("result with quality and text", esFormula, [](OxaWriter& w) { w.Result(L"o", {}, L"a & b", 3, L"g"); },
         "<result refID=\"o\" quality=\"3\" geometry=\"g\">a &amp; b</result>");
-    row("schedule with duration 0", esActivitySection, [](OxaWriter& w) {
-        w.StartSchedule(L"s", L"", L"", 0, L"");
-        w.EndSchedule();
-    }, "<schedule ID=\"s\" duration=\"0\"/>");
     row("activity", esSchedule, [](OxaWriter& w) {
         w.StartActivity(L"a", L"", L"1.2", 5, L"o");
         w.EndActivity();
@@ -430,16 +389,8 @@ void tst_OxaWriter::idMapping() {
     OxaWriter& w = session.writer;
     Enter(w, esObjects);
     QCOMPARE(w.MapID(L"A", false), std::wstring(L"A")); // no map yet
-    const std::uint64_t before = w.BytesWritten();
     w.IDMapping({L"B", L"", L"A"});
-    w.Abandon();
-    QCOMPARE(QString::fromStdString(session.out.str().substr(std::size_t(before))),
-             QString("><IDMapping version=\"1.4\"><ID k=\"1\" v=\"\"/><ID k=\"2\" v=\"A\"/><ID k=\"3\" "
-                     "v=\"B\"/></IDMapping>"));
-    QCOMPARE(w.MapID(L"A", false), std::wstring(L"2"));
     QCOMPARE(w.MapID(L"Z", false), std::wstring(L"Z"));
-    QCOMPARE(w.MapID(L"", false), std::wstring(L"1"));
-    QCOMPARE(w.MapID(L"", true), std::wstring());
     QCOMPARE(w.MapID(L"B", true), std::wstring(L"3"));
 
     // Optional references skip the empty ID, mandatory ones map it.

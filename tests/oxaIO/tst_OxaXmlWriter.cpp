@@ -1,4 +1,4 @@
-#include "WriterModel.h"
+#include "TestModel.h"
 #include "common/RecordingReader.h"
 
 #include "oxaIO/ExportContext.h"
@@ -24,7 +24,6 @@
 using namespace oxaIO;
 using recording::Format;
 using recording::RecordingReader;
-namespace wm = writermodel;
 namespace tmod = testmodel;
 
 namespace {
@@ -41,29 +40,29 @@ bool Write(OxaObjects& document, const QString& path, std::wstring* error = null
 }
 
 /// A wall of four vertices (in metres) with every kind of geometry the walk knows.
-wm::Object3D* MakeWall(const IMaterial* material) {
-    auto* wall = new wm::Object3D(L"wall", L"Wall");
+tmod::Object3D* MakeWall(const IMaterial* material) {
+    auto* wall = new tmod::Object3D(L"wall", L"Wall");
     wall->material = material;
     wall->refID = L"ref-wall";
     auto* a = wall->AddVertex(0, 0, 0);
     auto* b = wall->AddVertex(1.25, 0, 0);
     auto* c = wall->AddVertex(1.25, 0, 2.5);
     auto* d = wall->AddVertex(0, 0.001, 2.5);
-    wall->Add(new wm::Triangle(a, b, c))->texture.coords = {{0, 0}, {1, 0}, {1, 1}};
-    wall->Add(new wm::Triangle(a, c, d))->texture.coords = {{0, 0}, {1, 1}}; // two coordinates: none
-    wall->Add(new wm::Triangle(b, c, d, false)); // inside a face only: not written at the root
-    wall->Add(new wm::Polygon({a, b, c, d}))->texture.coords = {{0, 0}, {1, 0}, {1, 1}, {0, 1}};
-    wall->Add(new wm::Polygon({a, b, c, a}, plChain));
-    wall->Add(new wm::Polygon({a, c, d}, plPolygon, false)); // skipped, its 3 coordinates still count
-    auto* tessellated = wall->Add(new wm::Polygon({a, b, c, d}, plNone));
+    wall->Add(new tmod::Triangle(a, b, c))->texture.coords = {{0, 0}, {1, 0}, {1, 1}};
+    wall->Add(new tmod::Triangle(a, c, d))->texture.coords = {{0, 0}, {1, 1}}; // two coordinates: none
+    wall->Add(new tmod::Triangle(b, c, d, false)); // inside a face only: not written at the root
+    wall->AddPolygon(new tmod::Polygon({a, b, c, d}))->texture.coords = {{0, 0}, {1, 0}, {1, 1}, {0, 1}};
+    wall->AddPolygon(new tmod::Polygon({a, b, c, a}, plChain));
+    wall->AddPolygon(new tmod::Polygon({a, c, d}, plPolygon, false)); // skipped, its 3 coordinates still count
+    auto* tessellated = wall->AddPolygon(new tmod::Polygon({a, b, c, d}, plNone));
     tessellated->texture.coords = {{9, 9}};
     tessellated->Tessellate(a, b, c)->texture.coords = {{0, 0}, {1, 0}, {1, 1}};
-    auto* face = wall->Add(new wm::Face(fsCurved));
-    face->Add(new wm::Triangle(a, b, d, false));
-    face->Add(new wm::Polygon({b, c, d}, plPolygon, false));
-    auto* solid = wall->Add(new wm::Solid());
-    solid->Add(new wm::Face())->Add(new wm::Triangle(a, d, c, false));
-    wall->box.reset(new wm::Box({0, 0, 0}, {1.25, 0, 0}, {0, 0.25, 0}, {0, 0, 2.5}));
+    auto* face = wall->Add(new tmod::Face(fsCurved));
+    face->Add(new tmod::Triangle(a, b, d, false));
+    face->Add(new tmod::Polygon({b, c, d}, plPolygon, false));
+    auto* solid = wall->Add(new tmod::Solid());
+    solid->Add(new tmod::Face())->Add(new tmod::Triangle(a, d, c, false));
+    wall->box.reset(new tmod::Box({0, 0, 0}, {1.25, 0, 0}, {0, 0.25, 0}, {0, 0, 2.5}));
     return wall;
 }
 
@@ -77,35 +76,35 @@ void BuildDocument(OxaObjects& document, const std::wstring& unit) {
 
     OxaObjectSection& objects = document.ObjectSection();
     objects.Unit(unit);
-    auto* brick = new wm::Material(L"brick", L"Brick", {0.8f, 0.4f, 0.2f, 1.0f}, 0.25, L"brick.png");
+    auto* brick = new tmod::Material(L"brick", L"Brick", {0.8f, 0.4f, 0.2f, 1.0f}, 0.25, L"brick.png");
     objects.AddMaterial(brick);
-    objects.AddMaterial(new wm::Material(L"glass", L"", {0.0f, 0.0f, 1.0f, 0.5f}));
+    objects.AddMaterial(new tmod::Material(L"glass", L"", {0.0f, 0.0f, 1.0f, 0.5f}));
 
-    auto* site = new wm::Container(L"site", L"Site");
+    auto* site = new tmod::Container(L"site", L"Site");
     objects.AddContainer(site);
     objects.SetContainerRotTrans(site, new std::vector<double>{0, 1, 0, -1, 0, 0, 0, 0, 1},
                                  new std::vector<double>{5, 6, 7});
-    auto* loose = site->Add(new wm::Object3D(L"loose"));
+    auto* loose = site->Add(new tmod::Object3D(L"loose"));
     auto* l0 = loose->AddVertex(0, 0, 0);
     auto* l1 = loose->AddVertex(1, 0, 0);
     auto* l2 = loose->AddVertex(0, 1, 0);
-    loose->Add(new wm::Triangle(l0, l1, l2));
+    loose->Add(new tmod::Triangle(l0, l1, l2));
 
-    auto* building = site->Add(new wm::Container(L"building", L"Building", true));
-    auto* plan = building->Add(new wm::Object2D(L"plan", L"Plan"));
+    auto* building = site->Add(new tmod::Container(L"building", L"Building", true));
+    auto* plan = building->Add(new tmod::Object2D(L"plan", L"Plan"));
     plan->AddVertex(0, 0, 0);
     plan->AddVertex(2, 0.5, 0);
     building->Add(MakeWall(brick));
-    auto* hole = building->Add(new wm::Object3D(L"void"));
+    auto* hole = building->Add(new tmod::Object3D(L"void"));
     hole->negative = true;
     auto* h0 = hole->AddVertex(0.5, 0, 1);
     auto* h1 = hole->AddVertex(1, 0, 1);
     auto* h2 = hole->AddVertex(1, 0, 2);
-    hole->Add(new wm::Triangle(h0, h1, h2));
-    building->Add(new wm::Object3D(L"empty", L"No geometry"));
+    hole->Add(new tmod::Triangle(h0, h1, h2));
+    building->Add(new tmod::Object3D(L"empty", L"No geometry"));
     building->Add(new tmod::GenericObject(L"door", L"Door"));
-    auto* floor = building->Add(new wm::Container(L"floor"));
-    auto* slab = floor->Add(new wm::Object3D(L"slab", L"Slab"));
+    auto* floor = building->Add(new tmod::Container(L"floor"));
+    auto* slab = floor->Add(new tmod::Object3D(L"slab", L"Slab"));
     slab->AddVertex(-1, -1, 0);
 
     objects.PropertySection().AddProperty(
@@ -126,50 +125,48 @@ void BuildDocument(OxaObjects& document, const std::wstring& unit) {
     topology.GetHRefRelations().push_back({L"wall", L"level1", L"level0"});
 
     OxaFitSection& fit = document.GetFitSection();
-    static tmod::Item root(L"");
-    static bool rootBuilt = false;
-    if (!rootBuilt) {
-        root.Add(new tmod::Item(L"i1"))->Add(new tmod::Item(L"i11"));
-        root.Add(new tmod::Item(L"i2"));
-        rootBuilt = true;
-    }
-    fit.RootItem(&root);
+    static tmod::Item* root = [] {
+        auto* item = new tmod::Item(L"");
+        item->Add(new tmod::Item(L"i1"))->Add(new tmod::Item(L"i11"));
+        item->Add(new tmod::Item(L"i2"));
+        return item;
+    }();
+    fit.RootItem(root);
     auto* data = new tmod::ItemData(L"i1");
     data->Add(new tmod::Formula())->Add(new tmod::Result(L"wall"));
     fit.AddItemData(data);
 
     OxaVisualisationSection& views = document.VisualisationSection();
     auto* viewContainer = new tmod::ViewContainer(L"views", L"Views");
-    auto* view = new wm::View(L"v1", L"Front", QByteArray("PNG\0\x01\xff", 6));
-    view->Cameras().push_back(new wm::Camera(1));
-    view->Cameras().push_back(new wm::Camera(0));
-    view->Lights().push_back(new wm::Light(0, esSpot));
-    view->Lights().push_back(new wm::Light(1, esPositional));
-    view->Lights().push_back(new wm::Light(2, esDirectional));
-    view->Lights().push_back(new wm::Light(3, 0));
-    view->ClippingPlanes().push_back(new wm::ClippingPlane());
+    auto* view = new tmod::View(L"v1", L"Front", QByteArray("PNG\0\x01\xff", 6));
+    view->Cameras().push_back(new tmod::Camera(1));
+    view->Cameras().push_back(new tmod::Camera(0));
+    view->Lights().push_back(new tmod::Light(0, esSpot));
+    view->Lights().push_back(new tmod::Light(1, esPositional));
+    view->Lights().push_back(new tmod::Light(2, esDirectional));
+    view->Lights().push_back(new tmod::Light(3, 0));
+    view->ClippingPlanes().push_back(new tmod::ClippingPlane());
     viewContainer->AddView(view);
-    viewContainer->AddView(new wm::View(L"v2", L""));
+    viewContainer->AddView(new tmod::View(L"v2", L""));
     views.AddViewContainer(viewContainer);
     views.AddViewContainer(new tmod::ViewContainer(L"none"));
 
-    document.GetUnitSection().AddUnit(new wm::Unit());
+    document.GetUnitSection().AddUnit(new tmod::Unit(L"mm", 0.001, 2L, L"Millimetre"));
     document.GetUnitSection().AddUnit(new tmod::Unit());
 
     OxaActivitySection& activities = document.ActivitySection();
-    auto* schedule = new wm::Schedule(L"s1", L"Construction");
+    auto* schedule = new tmod::Schedule(L"s1", L"Construction");
     schedule->Add(new tmod::Activity(L"a1", L"wall"))->Add(new tmod::Activity(L"a2", L"slab"));
     activities.AddSchedule(schedule);
     activities.PropertySection().AddProperty(
         new VOxaPropertyType{L"a1", L"Cost", L"xs:double", L"100", L"EUR"});
     static tmod::ObjectSet walls(L"set1", L"Walls");
     static tmod::ObjectSet none(L"set0");
-    static wm::SmartSet smart(L"smart");
+    static tmod::SmartSet smart(L"smart");
     if (walls.ElementIDs().empty()) {
         walls.ContentType(L"Object3D");
-        walls.AddElementID(L"wall");
-        walls.AddElementID(L"void");
-        walls.AddElementID(L"wall");
+        for (const wchar_t* id : {L"wall", L"void", L"wall"}) // written once each, in ID order
+            walls.AddElementID(id);
     }
     activities.SetSection().AddSet(&walls);
     activities.SetSection().AddSet(&none);
@@ -185,6 +182,8 @@ QStringList ExpectedRead(const QString& unit, double scale, const QString& creat
     const auto v = [scale](double x, double y, double z) {
         return Format(VCoords3D{x / scale, y / scale, z / scale});
     };
+    // The three colours of every light, as one entry until the list is split into lines.
+    const QString lightColours = "ColorAmb(51, 51, 51, 0)\nColorDiff(255, 255, 255, 1)\nColorSpec(128, 128, 128, 1)";
     return QStringList{
         "StartOxaDocument(P-1, zentra tests, , hand made, " + created + ", tester, , , 1.5)", "StartContent()",
         "Section(1)", "Section(4)", "Section(5)", "Section(8)", "Section(12)", "EndContent()",
@@ -212,13 +211,10 @@ QStringList ExpectedRead(const QString& unit, double scale, const QString& creat
         "StartView(v1, Front, true, )", "ReadThumbnailData(bytes:504e470001ff)",
         "ViewCamera((10 -5 3), (0 0 1), (0 0 1), 0.25, 500, 45, 1.6, 1, 20, 12.5, 19, 11.875, (1 2 3), (4 5 6))",
         "ViewCamera((10 -5 3), (0 0 1), (0 0 1), 0.25, 500, 45, 1.6, 0, 0, 0, 0, 0, (0 0 0), (0 0 0))",
-        "StartLight(0, Sun, false)", "ColorAmb(51, 51, 51, 0)", "ColorDiff(255, 255, 255, 1)",
-        "ColorSpec(128, 128, 128, 1)", "SpotLight((0 0 10), (0 0 -1), 30)", "EndLight()",
-        "StartLight(1, , false)", "ColorAmb(51, 51, 51, 0)", "ColorDiff(255, 255, 255, 1)",
-        "ColorSpec(128, 128, 128, 1)", "PositionalLight((0 0 10))", "EndLight()", "StartLight(2, , true)",
-        "ColorAmb(51, 51, 51, 0)", "ColorDiff(255, 255, 255, 1)", "ColorSpec(128, 128, 128, 1)",
-        "DirectionalLight((0 0 -1))", "EndLight()", "StartLight(3, , true)", "ColorAmb(51, 51, 51, 0)",
-        "ColorDiff(255, 255, 255, 1)", "ColorSpec(128, 128, 128, 1)", "EndLight()",
+        "StartLight(0, Sun, false)", lightColours, "SpotLight((0 0 10), (0 0 -1), 30)", "EndLight()",
+        "StartLight(1, , false)", lightColours, "PositionalLight((0 0 10))", "EndLight()",
+        "StartLight(2, , true)", lightColours, "DirectionalLight((0 0 -1))", "EndLight()",
+        "StartLight(3, , true)", lightColours, "EndLight()",
         "ViewClippingPlane(2.5, (0 0 1), false)", "ViewBackGround(255, 255, 255)", "EndView()",
         "StartView(v2, , true, view.png)", "ViewBackGround(255, 255, 255)", "EndView()", "EndViewContainer()",
         "EndVisualisationSection()", "StartUnitSection(1.4, , , )", "Unit(1, 2, 2, 1, m, , 0.001, Millimetre)",
@@ -245,20 +241,7 @@ QStringList ExpectedRead(const QString& unit, double scale, const QString& creat
         "EndData3D()", "StartData3D(void)", p(0, 0.5, 0, 1), p(1, 1, 0, 1), p(2, 1, 0, 2),
         "StartTriangle(0, 1, 2)", "EndTriangle()", "EndData3D()", "StartData3D(slab)", p(0, -1, -1, 0),
         "EndData3D()", "EndObjectDataSection()", "EndOxaDocument()",
-    };
-}
-
-/// Whatever the reader got that is not in the expected list, and what it missed, in order.
-QString Difference(const QStringList& actual, const QStringList& expected) {
-    QStringList lines;
-    for (int i = 0; i < std::max(actual.size(), expected.size()); ++i) {
-        const QString a = actual.value(i), e = expected.value(i);
-        if (a != e)
-            lines << QString("%1: got '%2' expected '%3'").arg(i).arg(a, e);
-        if (lines.size() > 5)
-            break;
-    }
-    return lines.join("\n");
+    }.join('\n').split('\n');
 }
 
 } // namespace
@@ -271,16 +254,12 @@ private slots:
     void roundTrip_data();
     void roundTrip();
     void writingTwiceGivesTheSameBytes();
-    void whatARewriteDrops();
     void emptyRootContainer();
     void textureRunOverSkippedPolygons();
-    void propertiesOnlyInTheActivitySection();
-    void scheduleWithoutReference();
+    void activitiesOnly();
     void noDocument();
     void failureKeepsTheOriginal();
-    void unwritableFolder();
-    void replacesTheOriginalOnSuccess();
-    void targetThatCannotBeReplaced();
+    void unwritableTargets();
 
 private:
     QString Path(const QString& name) const { return dir.filePath(name); }
@@ -298,17 +277,20 @@ void tst_OxaXmlWriter::roundTrip_data() {
 
 void tst_OxaXmlWriter::roundTrip() {
     // Everything a rewrite keeps comes back from a read of the written file; geometry in the
-    // unit of the document, every identifier as it was.
+    // unit of the document, every identifier as it was. The file replaces the one before, and
+    // the partial file of a failed write is gone.
     QFETCH(QString, unit);
     QFETCH(double, scale);
     OxaObjects document;
     BuildDocument(document, unit.toStdWString());
+    QVERIFY(fixture::WriteFile(Path("round.oxaxml"), "old"));
+    QVERIFY(fixture::WriteFile(Path("round.oxaxml.part"), "left over from a failed write"));
     QVERIFY(Write(document, Path("round.oxaxml")));
     RecordingReader reader;
     reader.mapReferences = true;
     reader.ReadFile(Path("round.oxaxml"));
     const QStringList expected = ExpectedRead(unit, scale, Format(document.Context().CreatedTimeAsString()));
-    QVERIFY2(reader.calls == expected, qPrintable(Difference(reader.calls, expected)));
+    QVERIFY2(reader.calls == expected, qPrintable(reader.calls.join('\n')));
     QVERIFY(!QFileInfo::exists(Path("round.oxaxml.part")));
 }
 
@@ -322,36 +304,14 @@ void tst_OxaXmlWriter::writingTwiceGivesTheSameBytes() {
     QVERIFY(writer.Write(Path("second.oxaxml").toStdWString(), error));
     QVERIFY(Write(document, Path("third.oxaxml")));
     const QByteArray first = fixture::ReadFile(Path("first.oxaxml"));
-    QVERIFY(first.size() > 1000);
+    QVERIFY(first.startsWith("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<objects "));
     QCOMPARE(fixture::ReadFile(Path("second.oxaxml")), first);
     QCOMPARE(fixture::ReadFile(Path("third.oxaxml")), first);
-    QVERIFY(first.startsWith("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<objects "));
-}
-
-void tst_OxaXmlWriter::whatARewriteDrops() {
-    OxaObjects document;
-    BuildDocument(document, L"m");
-    QVERIFY(Write(document, Path("drops.oxaxml")));
-    const QString xml = QString::fromUtf8(fixture::ReadFile(Path("drops.oxaxml")));
-    // The objects of a root container are listed nowhere, though their geometry is written.
-    RecordingReader reader;
-    reader.ReadFile(Path("drops.oxaxml"));
-    QVERIFY(!reader.calls.contains("StartObject3D(loose, , , false, )"));
-    QVERIFY(reader.calls.contains("StartData3D(loose)"));
-    // An object without vertices is written neither as an object nor as geometry.
-    QVERIFY(!xml.contains("No geometry"));
-    // No face shape, no smart set, no set outside the activity section, no description that
-    // is not the reference.
-    QVERIFY(!xml.contains("shape="));
-    QVERIFY(!reader.calls.join(" ").contains("smart"));
-    QVERIFY(!reader.calls.join(" ").contains("objset"));
-    QVERIFY(!reader.calls.join(" ").contains("set0"));
-    QVERIFY(!xml.contains("not written"));
-    // Sections that the walk never writes, and the rotation of the root container.
-    for (const char* element : {"currencySection", "bsSection", "loggingSection", "mRot=\"0 1", "thickness",
-                                "defaultUnitLength", "roundMode", "visType", "<l "})
-        QVERIFY2(!xml.contains(element), element);
-    QVERIFY(!reader.calls.join(" ").contains("StartViewContainer(none"));
+    // What a read cannot show is dropped too: the face shape, a description that is not the
+    // reference, the rotation of the root container, and what the walk never writes.
+    for (const char* text : {"shape=", "not written", "mRot=\"0 1", "currencySection", "bsSection",
+                             "loggingSection", "thickness", "defaultUnitLength", "roundMode", "visType", "<l "})
+        QVERIFY2(!first.contains(text), text);
 }
 
 void tst_OxaXmlWriter::emptyRootContainer() {
@@ -385,31 +345,34 @@ void tst_OxaXmlWriter::textureRunOverSkippedPolygons() {
     OxaObjects document;
     auto* root = new tmod::Container(L"root");
     document.ObjectSection().AddContainer(root);
-    auto* object = root->Add(new wm::Object3D(L"o"));
+    auto* object = root->Add(new tmod::Object3D(L"o"));
     auto* a = object->AddVertex(0, 0, 0);
     auto* b = object->AddVertex(1, 0, 0);
     auto* c = object->AddVertex(1, 1, 0);
     auto* d = object->AddVertex(0, 1, 0);
-    auto* triangle = object->Add(new wm::Triangle(a, b, c));
-    auto* first = object->Add(new wm::Polygon({a, b, c, d}));
-    auto* skipped = object->Add(new wm::Polygon({a, b, c}, plPolygon, false));
-    auto* tessellated = object->Add(new wm::Polygon({a, b, c, d}));
+    auto* triangle = object->Add(new tmod::Triangle(a, b, c));
+    auto* first = object->AddPolygon(new tmod::Polygon({a, b, c, d}));
+    auto* skipped = object->AddPolygon(new tmod::Polygon({a, b, c}, plPolygon, false));
+    auto* tessellated = object->AddPolygon(new tmod::Polygon({a, b, c, d}));
     auto* part1 = tessellated->Tessellate(a, b, c);
     auto* part2 = tessellated->Tessellate(a, c, d);
-    auto* last = object->Add(new wm::Polygon({a, b, d}));
+    auto* last = object->AddPolygon(new tmod::Polygon({a, b, d}));
     QVERIFY(Write(document, Path("run.oxaxml")));
-    QCOMPARE(triangle->texture.askedIndices, std::vector<int>{0});
-    QCOMPARE(first->texture.askedIndices, std::vector<int>{0});
-    QCOMPARE(skipped->texture.askedIndices, std::vector<int>{});
-    QCOMPARE(tessellated->texture.askedIndices, std::vector<int>{}); // its triangles carry them
-    QCOMPARE(part1->texture.askedIndices, std::vector<int>{7});
-    QCOMPARE(part2->texture.askedIndices, std::vector<int>{7});
-    QCOMPARE(last->texture.askedIndices, std::vector<int>{13});
+    // The tessellated polygon asks for none: its triangles carry them.
+    const std::vector<std::vector<int>> asked = {
+        triangle->texture.askedIndices, first->texture.askedIndices, skipped->texture.askedIndices,
+        tessellated->texture.askedIndices, part1->texture.askedIndices, part2->texture.askedIndices,
+        last->texture.askedIndices};
+    QVERIFY(asked == (std::vector<std::vector<int>>{{0}, {0}, {}, {}, {7}, {7}, {13}}));
 }
 
-void tst_OxaXmlWriter::propertiesOnlyInTheActivitySection() {
+void tst_OxaXmlWriter::activitiesOnly() {
+    // Properties of the activity section map their references; no object section is written,
+    // nor a schedule's reference or description when it has no reference.
     OxaObjects document;
-    document.ActivitySection().AddSchedule(new tmod::Schedule(L"s"));
+    auto* schedule = new tmod::Schedule(L"s");
+    schedule->reference.clear();
+    document.ActivitySection().AddSchedule(schedule);
     document.ActivitySection().PropertySection().AddProperty(
         new VOxaPropertyType{L"task", L"Owner", L"xs:IDREF", L"crew", L""});
     QVERIFY(Write(document, Path("activity.oxaxml")));
@@ -417,20 +380,9 @@ void tst_OxaXmlWriter::propertiesOnlyInTheActivitySection() {
     QVERIFY(xml.contains("<ID k=\"1\" v=\"crew\"/>"));
     QVERIFY(xml.contains("<ID k=\"3\" v=\"task\"/>"));
     QVERIFY(xml.contains("<property refID=\"3\" name=\"Owner\" datatype=\"xs:IDREF\">1</property>"));
-    QVERIFY(!xml.contains("objectSection"));
-    QVERIFY(!xml.contains("objectDataSection"));
-}
-
-void tst_OxaXmlWriter::scheduleWithoutReference() {
-    OxaObjects document;
-    auto* schedule = new wm::Schedule(L"s");
-    schedule->reference.clear();
-    document.ActivitySection().AddSchedule(schedule);
-    QVERIFY(Write(document, Path("schedule.oxaxml")));
-    const QString xml = QString::fromUtf8(fixture::ReadFile(Path("schedule.oxaxml")));
-    QVERIFY(xml.contains("<schedule ID=\"1\" duration=\"0\">"));
-    QVERIFY(!xml.contains("<desc"));
-    QVERIFY(!xml.contains("ref="));
+    QVERIFY(xml.contains("<schedule ID=\"2\" duration=\"0\">"));
+    for (const char* text : {"objectSection", "objectDataSection", "<desc", "ref="})
+        QVERIFY2(!xml.contains(text), text);
 }
 
 void tst_OxaXmlWriter::noDocument() {
@@ -449,7 +401,7 @@ void tst_OxaXmlWriter::failureKeepsTheOriginal() {
 
     OxaObjects document;
     BuildDocument(document, L"m");
-    document.ObjectSection().AddMaterial(new wm::Material(L"bad", L"", {2.0f, 0.0f, 0.0f, 1.0f}));
+    document.ObjectSection().AddMaterial(new tmod::Material(L"bad", L"", {2.0f, 0.0f, 0.0f, 1.0f}));
     OxaXmlWriter writer(&document);
     std::wstring error;
     QVERIFY(!writer.Write(target.toStdWString(), error));
@@ -460,10 +412,9 @@ void tst_OxaXmlWriter::failureKeepsTheOriginal() {
     QVERIFY2(text.contains("\"" + target + ".part\""), qPrintable(text));
     QCOMPARE(fixture::ReadFile(target), QByteArray("the user's document"));
     const QByteArray partial = fixture::ReadFile(target + ".part");
-    QVERIFY(partial.startsWith("<?xml"));
-    QVERIFY(partial.contains("<material ID="));      // written up to the failure
-    QVERIFY(!partial.contains("objectDataSection")); // and no further
-    // The refused colour never began: the file ends in the start tag of its material.
+    // Written up to the failure and no further: the refused colour never began, and the file
+    // ends in the start tag of its material.
+    QVERIFY(!partial.contains("objectDataSection"));
     const QByteArray lastLine = partial.mid(partial.lastIndexOf('\n') + 1);
     QVERIFY2(lastLine.trimmed().startsWith("<material ID=") && !lastLine.contains('>'), lastLine.constData());
     // The writer stays in the broken document.
@@ -473,45 +424,26 @@ void tst_OxaXmlWriter::failureKeepsTheOriginal() {
     QCOMPARE(fixture::ReadFile(target), QByteArray("the user's document"));
 }
 
-void tst_OxaXmlWriter::unwritableFolder() {
+void tst_OxaXmlWriter::unwritableTargets() {
+    // A missing folder stops the write before it begins; a folder in the way of the target stops
+    // only the replacing: the document is complete in the partial file, and the text names both.
     OxaObjects document;
     BuildDocument(document, L"m");
-    const QString target = Path("missing/folder/model.oxaxml");
+    const QString missing = Path("missing/folder/model.oxaxml"), taken = Path("taken.oxaxml");
+    QVERIFY(QDir().mkpath(taken + "/inside"));
     std::wstring error;
-    QVERIFY(!Write(document, target, &error));
-    const QString text = Format(error);
-    QVERIFY2(text.startsWith(target + ".part: cannot open the file for writing: "), qPrintable(text));
+    QVERIFY(!Write(document, missing, &error));
+    QString text = Format(error);
+    QVERIFY2(text.startsWith(missing + ".part: cannot open the file for writing: "), qPrintable(text));
     QVERIFY2(text.contains("No such file or directory"), qPrintable(text));
-    QVERIFY2(text.endsWith("(\"" + target + "\" is unchanged)"), qPrintable(text));
-}
+    QVERIFY2(text.endsWith("(\"" + missing + "\" is unchanged)"), qPrintable(text));
 
-void tst_OxaXmlWriter::replacesTheOriginalOnSuccess() {
-    const QString target = Path("replace.oxaxml");
-    QVERIFY(fixture::WriteFile(target, "old"));
-    QVERIFY(fixture::WriteFile(target + ".part", "left over from a failed write"));
-
-    OxaObjects document;
-    BuildDocument(document, L"m");
-    QVERIFY(Write(document, target));
-    QVERIFY(fixture::ReadFile(target).startsWith("<?xml"));
-    QVERIFY(!QFileInfo::exists(target + ".part"));
-}
-
-void tst_OxaXmlWriter::targetThatCannotBeReplaced() {
-    // A folder in the way of the target: the document is complete in the partial file, and
-    // the text names both.
-    const QString target = Path("taken.oxaxml");
-    QVERIFY(QDir().mkpath(target + "/inside"));
-    OxaObjects document;
-    BuildDocument(document, L"m");
-    std::wstring error;
-    QVERIFY(!Write(document, target, &error));
-    const QString text = Format(error);
-    QVERIFY2(text.startsWith("cannot replace \"" + target + "\" by \"" + target + ".part\": "),
-             qPrintable(text));
-    QVERIFY2(text.endsWith("; the partial document stands in \"" + target + ".part\")"), qPrintable(text));
-    QVERIFY(QFileInfo(target + "/inside").isDir());
-    QVERIFY(fixture::ReadFile(target + ".part").trimmed().endsWith("</objects>"));
+    QVERIFY(!Write(document, taken, &error));
+    text = Format(error);
+    QVERIFY2(text.startsWith("cannot replace \"" + taken + "\" by \"" + taken + ".part\": "), qPrintable(text));
+    QVERIFY2(text.endsWith("; the partial document stands in \"" + taken + ".part\")"), qPrintable(text));
+    QVERIFY(QFileInfo(taken + "/inside").isDir());
+    QVERIFY(fixture::ReadFile(taken + ".part").trimmed().endsWith("</objects>"));
 }
 
 QTEST_GUILESS_MAIN(tst_OxaXmlWriter)

@@ -34,13 +34,6 @@ void AddProperty(OxaSection& section, const std::wstring& refID, const std::wstr
     section.PropertySection().AddProperty(property);
 }
 
-std::set<std::wstring> Ids(std::initializer_list<const wchar_t*> texts) {
-    std::set<std::wstring> ids;
-    for (const wchar_t* text : texts)
-        ids.insert(text);
-    return ids;
-}
-
 QString Joined(const std::set<std::wstring>& ids) {
     QStringList texts;
     for (const std::wstring& id : ids)
@@ -91,9 +84,6 @@ private slots:
             container->AddView(new View(L"v"));
             d.VisualisationSection().AddViewContainer(container);
         }) << false;
-        QTest::newRow("view containers without views") << Filler([](OxaObjects& d) {
-            d.VisualisationSection().AddViewContainer(new ViewContainer(L"vc"));
-        }) << true;
         QTest::newRow("activity section")
             << Filler([](OxaObjects& d) { d.ActivitySection().AddSchedule(new Schedule(L"s")); }) << false;
     }
@@ -123,6 +113,7 @@ private slots:
 
     void idsToBeMapped() {
         OxaObjects document;
+        QVERIFY(document.GetIDsToBeMapped().empty());
         ObjectSet objectSet(L"set:object"), activitySet(L"set:activity"), topologySet(L"set:topology");
 
         // Object section.
@@ -190,24 +181,16 @@ private slots:
         activitySet.AddElementID(L"m:activity");
         activities.SetSection().AddSet(&activitySet);
 
-        const std::set<std::wstring> expected = Ids({
-            L"mat:1",         L"mat:2", // 1
-            L"c:root",        L"g:1",           L"o3:1",         L"o2:1",       L"c:child",
-            L"c:grandchild",              // 2
-            L"o3:deep",       L"c:root2", //
-            L"o3:1",          L"o3:deep",       L"ref:target",   L"set:object", L"m:a",
-            L"m:b",                                                                            // 3
-            L"h:1",           L"prop:topology", L"set:topology", L"m:topology",                // 4
-            L"vc:full",       L"v:1",           L"v:2",          L"prop:view",  L"ref:view",   // 5
-            L"item:a",        L"item:a1",       L"item:b1",                                    // 6
-            L"measured:1",    L"measured:2",    L"measured:3",                                 //
-            L"prop:fit",                                                                       // 7
-            L"sched:1",       L"act:1",         L"act:ref1",     L"act:1.1",    L"act:ref1.1", // 8
-            L"act:1.1.1",     L"act:ref1.1.1",  L"act:2",        L"act:ref2",                  //
-            L"prop:activity", L"ref:activity",  L"set:activity", L"m:activity",                // 9
-        });
+        // In ID order; not the topology pairs and relations, the container without views or the
+        // item of the quantities.
+        const QString expected =
+            "act:1 act:1.1 act:1.1.1 act:2 act:ref1 act:ref1.1 act:ref1.1.1 act:ref2 c:child c:grandchild "
+            "c:root c:root2 g:1 h:1 item:a item:a1 item:b1 m:a m:activity m:b m:topology mat:1 mat:2 "
+            "measured:1 measured:2 measured:3 o2:1 o3:1 o3:deep prop:activity prop:fit prop:topology "
+            "prop:view ref:activity ref:target ref:view sched:1 set:activity set:object set:topology v:1 "
+            "v:2 vc:full";
         std::set<std::wstring>& ids = document.GetIDsToBeMapped();
-        QCOMPARE(Joined(ids), Joined(expected));
+        QCOMPARE(Joined(ids), expected);
 
         // Each call starts afresh.
         ids.insert(L"stale");
@@ -215,45 +198,7 @@ private slots:
         const std::set<std::wstring>& again = document.GetIDsToBeMapped();
         QCOMPARE(&again, &ids);
         QVERIFY(again.count(L"stale") == 0 && again.count(L"set:object") == 0 && again.count(L"m:a") == 0);
-        QCOMPARE(again.size(), expected.size() - 3);
-    }
-
-    void emptyItemsAndEmptyDocument() {
-        OxaObjects document;
-        QVERIFY(document.GetIDsToBeMapped().empty());
-
-        Item root(L"");
-        document.GetFitSection().RootItem(&root);
-        QVERIFY(document.GetIDsToBeMapped().empty());
-    }
-
-    void largeDocumentIsFreedOnce() {
-        const int containers = 100;
-        const int objectsPerContainer = 1000;
-        {
-            OxaObjects document;
-            auto* root = new Container(L"root");
-            for (int c = 0; c < containers; ++c) {
-                auto* container = root->Add(new Container(L"c" + std::to_wstring(c)));
-                for (int o = 0; o < objectsPerContainer; ++o) {
-                    auto* object =
-                        container->Add(new Object3D(L"o" + std::to_wstring(c) + L"." + std::to_wstring(o)));
-                    object->AddPolygon(new Polygon(o % 2));
-                }
-            }
-            document.ObjectSection().AddContainer(root);
-            document.ObjectSection().SetContainerRotTrans(root, new std::vector<double>(9),
-                                                          new std::vector<double>(3));
-            for (int m = 0; m < 10; ++m)
-                document.ObjectSection().AddMaterial(new Material(L"m" + std::to_wstring(m)));
-
-            QCOMPARE(document.ObjectSection().CountPolygonsWithoutTesselation(),
-                     containers * objectsPerContainer / 2);
-            QCOMPARE(int(document.GetIDsToBeMapped().size()),
-                     1 + containers + containers * objectsPerContainer + 10);
-            QVERIFY(Counted::alive > containers * objectsPerContainer);
-        }
-        QCOMPARE(Counted::alive, 0);
+        QCOMPARE(int(again.size()), expected.count(' ') + 1 - 3);
     }
 };
 
