@@ -1,6 +1,5 @@
 #include "MeshFixtures.h"
 
-#include "geometry/OBB.h"
 #include "mesh3D/Face.h"
 #include "mesh3D/Material.h"
 #include "mesh3D/Object3D.h"
@@ -174,26 +173,11 @@ private slots:
         QCOMPARE(triangles.front()->Vertex(2)->Y(), 1.0);
 
         QVERIFY(!object.Material());
-        Material* material = Material::GetGlobalMaterial(&system, "m", "Concrete");
-        object.material(material, true);
-        QCOMPARE(object.Material()->Name(), std::wstring(L"Concrete"));
-        Material::DeleteGlobalMaterials(&system);
-        object.material(nullptr, true);
-
         QVERIFY(!object.OOBB());
-        geometry3D::OBB box;
-        box.origin(1, 2, 3);
-        box.axis(0, 4, 0, 0);
-        box.axis(1, 0, 5, 0);
-        box.axis(2, 0, 0, 6);
-        object.OOBB(static_cast<const oxaIO::IOBB&>(box));
-        QCOMPARE(object.OOBB()->Ref().z, 3.0);
-        QCOMPARE(object.OOBB()->Vy().y, 5.0);
 
+        // A copy takes neither the reference nor the sign nor the geometry.
         object.RefID("ref");
         object.Negative(true);
-        QCOMPARE(object.RefID(), std::wstring(L"ref"));
-        QVERIFY(object.Negative());
         Object3D from_surface(object);
         QVERIFY(from_surface.qRefID().isNull());
         QVERIFY(!from_surface.Negative());
