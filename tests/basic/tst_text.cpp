@@ -80,8 +80,9 @@ private slots:
         qputenv("TAV_LANGUAGE", value);
         QCOMPARE(GetLanguageFolder(), expected);
         qunsetenv("TAV_LANGUAGE");
-        QCOMPARE(GetLanguageFolder(), QLocale::system().name().left(2) == "zh" ? QString("zh-CN")
-                                                                             : QLocale::system().name().left(2));
+        QCOMPARE(GetLanguageFolder(), QLocale::system().name().left(2) == "zh"
+                                          ? QString("zh-CN")
+                                          : QLocale::system().name().left(2));
     }
 };
 
