@@ -2,7 +2,6 @@
 #include "basic/text.h"
 
 #include <QRegularExpression>
-#include <QSet>
 #include <QtTest>
 
 using namespace basic;
@@ -22,13 +21,6 @@ private slots:
         QVERIFY2(b.hasMatch(), qPrintable(second));
         QCOMPARE(first.left(first.lastIndexOf('-')), second.left(second.lastIndexOf('-')));
         QCOMPARE(b.captured(1).toULongLong(nullptr, 16), a.captured(1).toULongLong(nullptr, 16) + 1);
-    }
-
-    void identifiers_are_unique() {
-        QSet<QString> seen;
-        for (int i = 0; i < 20000; ++i)
-            seen.insert(create_ID());
-        QCOMPARE(seen.size(), 20000);
     }
 
     void round_trip_data() {
