@@ -66,14 +66,6 @@ QList<Point*> reference_order(const ReferenceNode& root) {
     return order;
 }
 
-QList<Point*> walk_all(const Octree& tree) {
-    QList<Point*> seen;
-    OctreeIterator it(&tree);
-    while (Point* p = it.next())
-        seen.append(p);
-    return seen;
-}
-
 } // namespace
 
 class tst_octree : public QObject {
@@ -249,7 +241,7 @@ private slots:
                                 tree.max_z()}),
                  (QList<double>{lo[0], lo[1], lo[2], hi[0], hi[1], hi[2]}));
         QVERIFY((tree.calc_boundingbox() == boundingbox{lo[0], lo[1], hi[0], hi[1], lo[2], hi[2]}));
-        QCOMPARE(walk_all(tree).size(), count);
+        QCOMPARE(tree.GetListOfPoints().size(), count);
         for (const auto& p : store)
             QCOMPARE(tree.find(p->x(), p->y(), p->z()), p.get());
     }

@@ -46,12 +46,8 @@ private slots:
     void a_new_material_is_opaque_white() {
         model::System system(false);
         Material material(&system, "m", "Plain");
-        for (const oxaIO::VColor4& c : {material.Diffuse(), material.Ambient(), material.Specular()}) {
-            QCOMPARE(c.r, 1.0f);
-            QCOMPARE(c.g, 1.0f);
-            QCOMPARE(c.b, 1.0f);
-            QCOMPARE(c.a, 0.0f);
-        }
+        for (const oxaIO::VColor4& c : {material.Diffuse(), material.Ambient(), material.Specular()})
+            QCOMPARE((QList<float>{c.r, c.g, c.b, c.a}), (QList<float>{1, 1, 1, 0}));
         QCOMPARE(material.transparency(), 0.0);
         QCOMPARE(material.shininess(), 0.0);
         QVERIFY(material.texture_filename().isNull());

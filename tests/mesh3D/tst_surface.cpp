@@ -65,21 +65,6 @@ private slots:
         QCOMPARE(surface.count_edges(), long(edges));
         if (triangles == 1)
             QCOMPARE(int(surface.edges()[0]->flags), 7);
-        // The shared edge runs from corner 0 to 1 of the first triangle; when it is drawn it is
-        // stored on exactly one of the two triangles.
-        if (triangles == 2) {
-            int shared = 0;
-            for (int i = 0; i < surface.count_triangle_edge_objects(); ++i) {
-                const triangle_edges* record = surface.edges()[i];
-                const Triangle* t = record->triangle;
-                for (int e = 0; e < 3; ++e)
-                    if ((record->flags & (1 << e)) && t->point(e)->z() == 0 &&
-                        t->point((e + 1) % 3)->z() == 0 && t->point(e)->y() == 0 &&
-                        t->point((e + 1) % 3)->y() == 0)
-                        ++shared;
-            }
-            QCOMPARE(shared, edges - 4);
-        }
         // A second pass replaces the records with equal ones.
         surface.update_edges(basic::to_radians(45.0));
         QCOMPARE(surface.count_triangle_edge_objects(), records);
