@@ -1,6 +1,5 @@
 #include "basic/MessageService.h"
 
-#include <QSignalSpy>
 #include <QtTest>
 
 #include <functional>
@@ -20,41 +19,30 @@ class tst_message_service : public QObject {
         connect(&service, &MessageService::message, [&](QString t) { log << "message(" + text(t) + ")"; });
         connect(&service, &MessageService::warning, [&](QString t) { log << "warning(" + text(t) + ")"; });
         connect(&service, &MessageService::error, [&](QString t) { log << "error(" + text(t) + ")"; });
-        connect(&service, &MessageService::progress, [&](double v) { log << QString("progress(%1)").arg(v); });
+        connect(&service, &MessageService::progress,
+                [&](double v) { log << QString("progress(%1)").arg(v); });
         connect(&service, &MessageService::progress_message,
                 [&](QString t) { log << "progress_message(" + text(t) + ")"; });
         connect(&service, &MessageService::ping, [&]() { log << "ping()"; });
         connect(&service, &MessageService::ptr, [&](void* p) { log << QString("ptr(%1)").arg(quintptr(p)); });
         connect(&service, &MessageService::instance_progress,
                 [&](ulong id, double v) { log << QString("instance_progress(%1,%2)").arg(id).arg(v); });
-        connect(&service, &MessageService::instance_progress_message,
-                [&](ulong id, QString t) { log << QString("instance_progress_message(%1,%2)").arg(id).arg(text(t)); });
+        connect(&service, &MessageService::instance_progress_message, [&](ulong id, QString t) {
+            log << QString("instance_progress_message(%1,%2)").arg(id).arg(text(t));
+        });
         action();
         return log;
     }
 
 private slots:
-    void signals_are_declared_in_order() {
-        MessageService service;
-        const QMetaObject* meta = service.metaObject();
-        QStringList signatures;
-        for (int i = meta->methodOffset(); i < meta->methodCount(); ++i)
-            if (meta->method(i).methodType() == QMetaMethod::Signal)
-                signatures << QString::fromLatin1(meta->method(i).methodSignature());
-        QCOMPARE(signatures, QStringList({"message(QString)", "warning(QString)", "error(QString)", "progress(double)",
-                                          "progress_message(QString)", "ping()", "ptr(void*)",
-                                          "instance_progress(ulong,double)",
-                                          "instance_progress_message(ulong,QString)"}));
-    }
-
     void emits_by_instance_id_data() {
         QTest::addColumn<ulong>("instance");
         QTest::addColumn<ChannelCall>("call");
         QTest::addColumn<QStringList>("expected");
 
-        QTest::newRow("instance 7, progress with text")
-            << 7ul << ChannelCall([](const MessageService& s) { s.show_progress(0.5, "x"); })
-            << QStringList({"instance_progress(7,0.5)", "instance_progress_message(7,\"x\")"});
+        QTest::newRow("instance 7, progress with non-ASCII text")
+            << 7ul << ChannelCall([](const MessageService& s) { s.show_progress(0.5, "Wände – 3 m²"); })
+            << QStringList({"instance_progress(7,0.5)", "instance_progress_message(7,\"Wände – 3 m²\")"});
         QTest::newRow("instance 7, progress with null text")
             << 7ul << ChannelCall([](const MessageService& s) { s.show_progress(0.5, QString()); })
             << QStringList({"instance_progress(7,0.5)"});
@@ -67,16 +55,13 @@ private slots:
         QTest::newRow("no instance, null text")
             << 0ul << ChannelCall([](const MessageService& s) { s.show_progress(1, QString()); })
             << QStringList({"progress(1)"});
-        QTest::newRow("plain lines ignore the instance")
-            << 7ul
-            << ChannelCall([](const MessageService& s) {
-                   s.send_message("m");
-                   s.send_warning("w");
-                   s.send_error("e");
-                   s.send_ping();
-                   s.send_ptr(reinterpret_cast<void*>(16));
-               })
-            << QStringList({"message(\"m\")", "warning(\"w\")", "error(\"e\")", "ping()", "ptr(16)"});
+        QTest::newRow("plain lines ignore the instance") << 7ul << ChannelCall([](const MessageService& s) {
+            s.send_message("m");
+            s.send_warning("w");
+            s.send_error("e");
+            s.send_ping();
+            s.send_ptr(reinterpret_cast<void*>(16));
+        }) << QStringList({"message(\"m\")", "warning(\"w\")", "error(\"e\")", "ping()", "ptr(16)"});
     }
 
     void emits_by_instance_id() {
@@ -86,16 +71,6 @@ private slots:
         MessageService service;
         service.setInstanceID(instance);
         QCOMPARE(record(service, [&] { call(service); }), expected);
-    }
-
-    void progress_text_keeps_non_ascii() {
-        MessageService service;
-        service.setInstanceID(3);
-        QSignalSpy spy(&service, &MessageService::instance_progress_message);
-        service.show_progress(0.25, "Wände – 3 m²");
-        QCOMPARE(spy.count(), 1);
-        QCOMPARE(spy.at(0).at(0).value<ulong>(), 3ul);
-        QCOMPARE(spy.at(0).at(1).toString(), QString("Wände – 3 m²"));
     }
 };
 

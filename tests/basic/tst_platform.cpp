@@ -28,8 +28,6 @@ private slots:
         } catch (const basic::Exception& e) {
             QCOMPARE(e.text(), QString("Wände – 3 m²"));
         }
-        QCOMPARE(basic::exception_kind_text, QString("Exception"));
-        QCOMPARE(basic::out_of_memory_exception_kind_text, QString("OutOfMemoryException"));
     }
 
     void module_object_logs_its_life() {

@@ -108,16 +108,6 @@ class tst_obb : public QObject {
     Q_OBJECT
 
 private slots:
-    void box_of_an_axis_parallel_point_set() {
-        const TurnedBox box(4, 2, 1, 0, 0, 0);
-        const OBB obb = box.tree.CalcOBB(0, 0, 0);
-        QVERIFY(close(obb.origin(), Vector(10, -3, 1), 1e-12));
-        QVERIFY(close(obb.axis(0), Vector(4, 0, 0), 1e-12));
-        QVERIFY(close(obb.axis(1), Vector(0, 2, 0), 1e-12));
-        QVERIFY(close(obb.axis(2), Vector(0, 0, 1), 1e-12));
-        QVERIFY(std::fabs(obb.CalcVolume() - 8.0) < 1e-12);
-    }
-
     void box_at_the_turning_angle_is_tight() {
         const TurnedBox box(4, 2, 1, 0, 0, M_PI / 6);
         QVERIFY(std::fabs(box.axis_volume() -
@@ -132,23 +122,15 @@ private slots:
         QVERIFY(found);
     }
 
-    void volume_sign_and_accessors() {
+    void volume_sign() {
         OBB obb;
         QCOMPARE(obb.CalcVolume(), 0.0);
         obb.axis(0, 1, 0, 0);
         obb.axis(1, 0, 0, 1);
-        obb.axis(2, 0, 1, 0);
-        QCOMPARE(obb.CalcVolume(), -1.0); // left-handed
         obb.axis(2, 0, -3, 0);
         QCOMPARE(obb.CalcVolume(), 3.0);
-        obb.axis(7, 5, 5, 5);
-        QCOMPARE(obb.axis(7), Vector(3));
-        obb.angles(0.1, 0.2, 0.3);
-        const OBB copy(obb);
-        QCOMPARE(copy.gamma(), 0.3);
-        QCOMPARE(copy.axis(2), Vector(0, -3, 0));
-        obb.axis(1, Vector(2));
-        QCOMPARE(obb.CalcVolume(), -1.0);
+        obb.axis(2, 0, 1, 0);
+        QCOMPARE(obb.CalcVolume(), -1.0); // left-handed
     }
 
     void fitness_limits_data() {
@@ -168,9 +150,6 @@ private slots:
         const double expected = valid ? -box.tree.CalcOBB(0.25, angle, 0.25).CalcVolume() : 1.23456;
 
         Probing<OctreeOOBBCalculator> all_free({{0.25, angle, 0.25}});
-        QCOMPARE(all_free.CountParameters(), 3L);
-        QCOMPARE(all_free.GetLowerLimit(), -0.1);
-        QCOMPARE(all_free.GetUpperLimit(), 1.6707963267948966);
         seed(1);
         {
             OutputCapture console(stdout);
@@ -183,8 +162,6 @@ private slots:
         QCOMPARE(all_free.CalcFitness(x).value, 1.23456); // no tree outside a search
 
         Probing<OctreeOOBBCalculatorAlpha> only_beta({{angle, 0, 0}}, 0.25, -1, 0.25);
-        QCOMPARE(only_beta.CountParameters(), 1L);
-        QCOMPARE(only_beta.GetUpperLimit(), 1.6707963267948966);
         seed(1);
         {
             OutputCapture console(stdout);

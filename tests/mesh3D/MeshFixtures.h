@@ -86,25 +86,18 @@ inline int build(mesh3D::Surface& surface, const Mesh& mesh, double flip_share =
     return flips;
 }
 
-/// Unit normal of the triangle's winding, (p1 - p0) x (p2 - p0).
-inline std::array<double, 3> winding_normal(const mesh3D::Triangle& t) {
-    const auto* a = t.point(0);
-    const auto* b = t.point(1);
-    const auto* c = t.point(2);
-    const double u[3] = {b->x() - a->x(), b->y() - a->y(), b->z() - a->z()};
-    const double v[3] = {c->x() - a->x(), c->y() - a->y(), c->z() - a->z()};
-    return {u[1] * v[2] - u[2] * v[1], u[2] * v[0] - u[0] * v[2], u[0] * v[1] - u[1] * v[0]};
-}
-
-/// Whether the triangle's winding points away from `centre`, judged at its centroid.
+/// Whether the triangle's winding, (p1 - p0) x (p2 - p0), points away from `centre`, judged at
+/// its centroid.
 inline bool faces_away(const mesh3D::Triangle& t, const std::array<double, 3>& centre) {
-    const auto n = winding_normal(t);
+    const auto& a = *t.point(0);
+    const auto& b = *t.point(1);
+    const auto& c = *t.point(2);
+    const double u[3] = {b.x() - a.x(), b.y() - a.y(), b.z() - a.z()};
+    const double v[3] = {c.x() - a.x(), c.y() - a.y(), c.z() - a.z()};
+    const double n[3] = {u[1] * v[2] - u[2] * v[1], u[2] * v[0] - u[0] * v[2], u[0] * v[1] - u[1] * v[0]};
     double dot = 0;
-    for (int k = 0; k < 3; ++k) {
-        const double centroid =
-            (t.point(0)->operator[](k) + t.point(1)->operator[](k) + t.point(2)->operator[](k)) / 3;
-        dot += n[k] * (centroid - centre[k]);
-    }
+    for (int k = 0; k < 3; ++k)
+        dot += n[k] * ((a[k] + b[k] + c[k]) / 3 - centre[k]);
     return dot > 0;
 }
 

@@ -1,6 +1,5 @@
 #include "MeshFixtures.h"
 
-#include "geometry/OBB.h"
 #include "mesh3D/Face.h"
 #include "mesh3D/Material.h"
 #include "mesh3D/Object3D.h"
@@ -12,6 +11,8 @@
 
 #include <QTextStream>
 #include <QtTest>
+
+#include <memory>
 
 using namespace mesh3D;
 
@@ -58,39 +59,31 @@ private slots:
         QCOMPARE(polygon->IsClosed(), closed);
     }
 
-    void planarity_is_one_sided() {
-        model::System system(false);
-        Surface surface(nullptr, &system, "s", basic::unit_m);
-        auto make = [&](double lift) {
-            auto* polygon = new Polygon;
-            const double xyz[4][3] = {{0, 0, 0}, {1, 0, 0}, {1, 1, lift}, {0, 1, 0}};
-            for (const auto& p : xyz)
-                polygon->append(new Vertex(p[0], p[1], p[2]));
-            return polygon;
-        };
-        auto free_points = [](Polygon* polygon) {
-            for (int i = 0; i < polygon->count_points(); ++i)
-                delete polygon->vertex(i);
-            delete polygon;
-        };
-        Polygon* three = new Polygon;
-        three->append(new Vertex(0, 0, 0));
-        three->append(new Vertex(0, 0, 5));
-        three->append(new Vertex(9, 1, 0));
-        QVERIFY(three->IsPlanar(0.0));
-        free_points(three);
+    void planarity_is_one_sided_data() {
+        QTest::addColumn<QVector<QVector3D>>("points");
+        QTest::addColumn<double>("tolerance");
+        QTest::addColumn<bool>("planar");
+        const QVector3D a(0, 0, 0), b(1, 0, 0), d(0, 1, 0);
+        QTest::newRow("three points, no tolerance")
+            << QVector<QVector3D>{a, QVector3D(0, 0, 5), QVector3D(9, 1, 0)} << 0.0 << true;
+        QTest::newRow("flat") << QVector<QVector3D>{a, b, QVector3D(1, 1, 0), d} << 1e-9 << true;
         // Raising the corner opposite point 0 leaves the other corners below the plane through
         // point 0, lowering it leaves them above; only the positive deviation counts.
-        Polygon* raised = make(0.5);
-        QVERIFY(raised->IsPlanar(1e-5));
-        free_points(raised);
-        Polygon* lowered = make(-0.5);
-        QVERIFY(!lowered->IsPlanar(1e-5));
-        QVERIFY(lowered->IsPlanar(0.3));
-        free_points(lowered);
-        Polygon* flat = make(0.0);
-        QVERIFY(flat->IsPlanar(1e-9));
-        free_points(flat);
+        QTest::newRow("raised") << QVector<QVector3D>{a, b, QVector3D(1, 1, 0.5), d} << 1e-5 << true;
+        QTest::newRow("lowered") << QVector<QVector3D>{a, b, QVector3D(1, 1, -0.5), d} << 1e-5 << false;
+        QTest::newRow("lowered, coarse") << QVector<QVector3D>{a, b, QVector3D(1, 1, -0.5), d} << 0.3 << true;
+    }
+    void planarity_is_one_sided() {
+        QFETCH(QVector<QVector3D>, points);
+        QFETCH(double, tolerance);
+        QFETCH(bool, planar);
+        Polygon polygon;
+        std::vector<std::unique_ptr<Vertex>> vertices; // go before the polygon
+        for (const QVector3D& p : points) {
+            vertices.push_back(std::make_unique<Vertex>(p.x(), p.y(), p.z()));
+            polygon.append(vertices.back().get());
+        }
+        QCOMPARE(polygon.IsPlanar(tolerance), planar);
     }
 
     void faces_and_solids_refer_to_primitives() {
@@ -174,26 +167,11 @@ private slots:
         QCOMPARE(triangles.front()->Vertex(2)->Y(), 1.0);
 
         QVERIFY(!object.Material());
-        Material* material = Material::GetGlobalMaterial(&system, "m", "Concrete");
-        object.material(material, true);
-        QCOMPARE(object.Material()->Name(), std::wstring(L"Concrete"));
-        Material::DeleteGlobalMaterials(&system);
-        object.material(nullptr, true);
-
         QVERIFY(!object.OOBB());
-        geometry3D::OBB box;
-        box.origin(1, 2, 3);
-        box.axis(0, 4, 0, 0);
-        box.axis(1, 0, 5, 0);
-        box.axis(2, 0, 0, 6);
-        object.OOBB(static_cast<const oxaIO::IOBB&>(box));
-        QCOMPARE(object.OOBB()->Ref().z, 3.0);
-        QCOMPARE(object.OOBB()->Vy().y, 5.0);
 
+        // A copy takes neither the reference nor the sign nor the geometry.
         object.RefID("ref");
         object.Negative(true);
-        QCOMPARE(object.RefID(), std::wstring(L"ref"));
-        QVERIFY(object.Negative());
         Object3D from_surface(object);
         QVERIFY(from_surface.qRefID().isNull());
         QVERIFY(!from_surface.Negative());

@@ -65,21 +65,6 @@ private slots:
         QCOMPARE(surface.count_edges(), long(edges));
         if (triangles == 1)
             QCOMPARE(int(surface.edges()[0]->flags), 7);
-        // The shared edge runs from corner 0 to 1 of the first triangle; when it is drawn it is
-        // stored on exactly one of the two triangles.
-        if (triangles == 2) {
-            int shared = 0;
-            for (int i = 0; i < surface.count_triangle_edge_objects(); ++i) {
-                const triangle_edges* record = surface.edges()[i];
-                const Triangle* t = record->triangle;
-                for (int e = 0; e < 3; ++e)
-                    if ((record->flags & (1 << e)) && t->point(e)->z() == 0 &&
-                        t->point((e + 1) % 3)->z() == 0 && t->point(e)->y() == 0 &&
-                        t->point((e + 1) % 3)->y() == 0)
-                        ++shared;
-            }
-            QCOMPARE(shared, edges - 4);
-        }
         // A second pass replaces the records with equal ones.
         surface.update_edges(basic::to_radians(45.0));
         QCOMPARE(surface.count_triangle_edge_objects(), records);
@@ -102,79 +87,52 @@ private slots:
     }
 
     void closed_meshes_come_out_outward_data() {
-        QTest::addColumn<int>("shape");
+        QTest::addColumn<int>("shells");
         QTest::addColumn<unsigned>("seed");
         for (unsigned seed = 1; seed <= 4; ++seed) {
-            QTest::newRow(qPrintable(QString("tetrahedron %1").arg(seed))) << 0 << seed;
             QTest::newRow(qPrintable(QString("cube %1").arg(seed))) << 1 << seed;
-            QTest::newRow(qPrintable(QString("two cubes %1").arg(seed))) << 2 << seed;
-            QTest::newRow(qPrintable(QString("cube and tetrahedron %1").arg(seed))) << 3 << seed;
+            QTest::newRow(qPrintable(QString("cube and tetrahedron %1").arg(seed))) << 2 << seed;
+            QTest::newRow(qPrintable(QString("two cubes and a tetrahedron %1").arg(seed))) << 3 << seed;
         }
+        QTest::newRow("400 shells") << 400 << 9u;
     }
     void closed_meshes_come_out_outward() {
-        QFETCH(int, shape);
+        // Cubes and tetrahedra in turn, the first at the origin, the others scattered.
+        QFETCH(int, shells);
         QFETCH(unsigned, seed);
         model::System system(false);
         Surface surface(nullptr, &system, "s", basic::unit_m);
-        QVector<std::array<double, 3>> centres;
-        QVector<fixtures::Mesh> shells;
-        if (shape == 0) {
-            shells << fixtures::tetrahedron();
-            centres << std::array<double, 3>{0.25, 0.25, 0.25};
-        } else if (shape == 1) {
-            shells << fixtures::cube();
-            centres << std::array<double, 3>{0.5, 0.5, 0.5};
-        } else {
-            shells << fixtures::cube() << (shape == 2 ? fixtures::cube(5.0) : fixtures::tetrahedron(-4.0));
-            centres << std::array<double, 3>{0.5, 0.5, 0.5}
-                    << (shape == 2 ? std::array<double, 3>{5.5, 0.5, 0.5}
-                                   : std::array<double, 3>{-3.75, 0.25, 0.25});
-        }
-        int flips = 0;
-        for (const auto& shell : shells)
-            flips += fixtures::build(surface, shell, 0.5, seed);
-        QVERIFY(surface.is_closed_mesh());
-
-        surface.update_normals();
-        surface.correct_normals();
-
-        QVERIFY(surface.is_closed_mesh());
-        int first = 0;
-        for (int s = 0; s < shells.size(); ++s) {
-            const int count = shells[s].triangles.size();
-            for (int t = first; t < first + count; ++t)
-                QVERIFY2(fixtures::faces_away(*surface.triangles()[t], centres[s]),
-                         qPrintable(QString("triangle %1 of %2 flips").arg(t).arg(flips)));
-            first += count;
-        }
-        // Consistent and outward, the edges of a box are its twelve sides, no diagonals.
-        surface.update_normals();
-        surface.update_edges(basic::to_radians(45.0));
-        if (shape == 1)
-            QCOMPARE(surface.count_edges(), 12L);
-    }
-
-    void many_shells_each_turn_outward() {
-        model::System system(false);
-        Surface surface(nullptr, &system, "s", basic::unit_m);
-        std::mt19937 random(9);
+        std::mt19937 random(seed);
         std::uniform_real_distribution<double> offset(-100, 100);
-        QVector<std::array<double, 3>> centres;
-        for (int i = 0; i < 400; ++i) {
-            fixtures::Mesh shell = i % 2 ? fixtures::cube() : fixtures::tetrahedron();
-            const std::array<double, 3> shift{offset(random), offset(random), offset(random)};
+        QVector<std::array<double, 3>> centres; // of each triangle's shell
+        int flips = 0;
+        for (int i = 0; i < shells; ++i) {
+            fixtures::Mesh shell = i % 2 ? fixtures::tetrahedron() : fixtures::cube();
+            std::array<double, 3> shift{0, 0, 0};
+            if (i > 0)
+                shift = {offset(random), offset(random), offset(random)};
             for (auto& p : shell.points)
                 for (int k = 0; k < 3; ++k)
                     p[k] += shift[k];
-            fixtures::build(surface, shell, 0.5, i);
-            const double middle = i % 2 ? 0.5 : 0.25;
+            flips += fixtures::build(surface, shell, 0.5, seed + i);
+            const double middle = i % 2 ? 0.25 : 0.5;
             for (int t = 0; t < shell.triangles.size(); ++t)
                 centres.append({shift[0] + middle, shift[1] + middle, shift[2] + middle});
         }
+        QVERIFY(surface.is_closed_mesh());
+
+        surface.update_normals();
         surface.correct_normals();
+
+        QVERIFY(surface.is_closed_mesh());
         for (int t = 0; t < surface.triangles().size(); ++t)
             QVERIFY2(fixtures::faces_away(*surface.triangles()[t], centres[t]),
-                     qPrintable(QString::number(t)));
+                     qPrintable(QString("triangle %1 of %2 flips").arg(t).arg(flips)));
+        // Consistent and outward, the edges of a box are its twelve sides, no diagonals.
+        surface.update_normals();
+        surface.update_edges(basic::to_radians(45.0));
+        if (shells == 1)
+            QCOMPARE(surface.count_edges(), 12L);
     }
 
     void an_inner_shell_turns_away_from_its_own_centre() {
@@ -345,34 +303,29 @@ private slots:
     }
 
     void material_override_and_reset() {
+        // Overriding keeps the first source through later overrides; resetting all the system's
+        // surfaces restores each source, and a further reset keeps it.
         model::System system(false);
         Surface surface(nullptr, &system, "s", basic::unit_m);
         Surface other(nullptr, &system, "t", basic::unit_m);
         Material* m1 = Material::GetGlobalMaterial(&system, "m1", "one");
         Material* m2 = Material::GetGlobalMaterial(&system, "m2", "two");
         Material* m3 = Material::GetGlobalMaterial(&system, "m3", "three");
-
         surface.material(m1, true);
-        QCOMPARE(surface.material_ID(), QString("m1"));
-        QVERIFY(!surface.source_material());
         surface.material(m2, false);
         surface.material(m3, false);
-        QCOMPARE(surface.material(), m3);
         QCOMPARE(surface.source_material(), m1);
-        surface.reset_material();
-        QCOMPARE(surface.material(), m1);
-        QVERIFY(!surface.source_material());
-        surface.reset_material();
-        QCOMPARE(surface.material(), m1);
-
         other.material(m2, true);
         other.SetEmptyMaterial();
-        surface.material(m3, false);
         QCOMPARE(other.material(), Material::Dummy(&system));
+
         Surface::reset_materials(&system);
         QCOMPARE(other.material(), m2);
         QCOMPARE(surface.material(), m1);
+        QVERIFY(!surface.source_material());
         QVERIFY(Surface::source_materials(&system).isEmpty());
+        surface.reset_material();
+        QCOMPARE(surface.material(), m1);
         Material::DeleteGlobalMaterials(&system);
     }
 

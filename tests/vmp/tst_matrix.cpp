@@ -121,26 +121,20 @@ private slots:
         QCOMPARE(p.cols(), 0);
     }
 
-    void decomposition_solves_data() {
+    void decomposition_data() {
         QTest::addColumn<int>("n");
         QTest::addColumn<std::vector<double>>("values");
-        QTest::addColumn<std::vector<double>>("solution");
-        QTest::newRow("2x2") << 2 << std::vector<double>{4, 3, 6, 3} << std::vector<double>{1, -2};
-        QTest::newRow("3x3") << 3 << std::vector<double>{2, -1, 0, -1, 2, -1, 0, -1, 2}
-                             << std::vector<double>{1, 2, 3};
+        QTest::newRow("2x2") << 2 << std::vector<double>{4, 3, 6, 3};
+        QTest::newRow("3x3") << 3 << std::vector<double>{2, -1, 0, -1, 2, -1, 0, -1, 2};
         QTest::newRow("4x4 unsymmetric")
-            << 4 << std::vector<double>{10, 1, 2, 3, 1, 12, 0, 4, 2, 5, 9, 1, 0, 1, 3, 8}
-            << std::vector<double>{0.5, -1, 2, 4};
+            << 4 << std::vector<double>{10, 1, 2, 3, 1, 12, 0, 4, 2, 5, 9, 1, 0, 1, 3, 8};
     }
 
-    void decomposition_solves() {
+    void decomposition() {
+        // In place: the unit lower factor below the diagonal, the upper factor on and above it.
         QFETCH(int, n);
         QFETCH(std::vector<double>, values);
-        QFETCH(std::vector<double>, solution);
         const aMatrix a = square(n, values);
-        const vmp::Vector x(n, solution.data());
-        const vmp::Vector b = a * x;
-
         aMatrix lu(a);
         lu.decompose();
         aMatrix l(n, n), u(n, n);
@@ -155,21 +149,6 @@ private slots:
         for (int i = 0; i < n; ++i)
             l[i][i] = 1.0;
         QVERIFY(max_difference(l * u, a) < 1e-12);
-
-        // Forward substitution with the unit lower factor, then back substitution with the upper.
-        vmp::Vector y(n), found(n);
-        for (int i = 0; i < n; ++i) {
-            y[i] = b[i];
-            for (int k = 0; k < i; ++k)
-                y[i] -= lu[i][k] * y[k];
-        }
-        for (int i = n - 1; i >= 0; --i) {
-            found[i] = y[i];
-            for (int k = i + 1; k < n; ++k)
-                found[i] -= lu[i][k] * found[k];
-            found[i] /= lu[i][i];
-        }
-        QVERIFY((found - x).quantity() < 1e-12);
     }
 
     void symmetric_storage_is_shared() {
@@ -233,11 +212,7 @@ private slots:
         for (int i = 0; i < n; ++i)
             for (int j = 0; j <= i; ++j)
                 factor[i][j] = l[i][j];
-        aMatrix full(n, n);
-        for (int i = 0; i < n; ++i)
-            for (int j = 0; j < n; ++j)
-                full[i][j] = a[i][j];
-        QVERIFY(max_difference(factor * factor.transpose(), full) < 1e-10);
+        QVERIFY(max_difference(factor * factor.transpose(), a) < 1e-10);
     }
 
     void cholesky_reports_a_bad_pivot() {
