@@ -14,6 +14,7 @@
 #include "support/Files.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 
@@ -29,8 +30,22 @@ inline QByteArray Document(const QByteArray& objectSection, const QByteArray& re
            unit + R"(" version="1.5">)" + objectSection + "</objectSection>" + rest + "</objects>";
 }
 
+/// The text of a written document without its "created" stamp, which is the writer's clock.
+inline QByteArray WithoutCreated(QByteArray text) {
+    const int start = text.indexOf(" created=\"");
+    return start < 0 ? text : text.remove(start, text.indexOf('"', start + 10) - start + 1);
+}
+
 inline QString S(const std::wstring& text) {
     return QString::fromStdWString(text);
+}
+
+/// The identifiers of a container's children, in order; `element` must be a container.
+inline QStringList Children(const model::Object* element) {
+    QStringList ids;
+    for (const mesh3D::Element* child : dynamic_cast<const mesh3D::Container&>(*element).children())
+        ids << child->id();
+    return ids;
 }
 
 /// A material in one line: name; diffuse, specular and ambient colour (channels 0 to 255, then
