@@ -247,30 +247,50 @@ private slots:
         QVERIFY(messages[1].at(0).toString().startsWith("Error writing file : "));
     }
 
-    void projectPathFormsMatchTheManifest_data() {
+    // A project folder read by a relative, a `..` or a trailing-slash path from another working
+    // folder gives the model its absolute path gives: the bundled sample, and the shared one.
+    void projectPathFormsReadTheSameModel_data() {
+        QTest::addColumn<QString>("parent");
         QTest::addColumn<QString>("cwd");
         QTest::addColumn<QString>("path");
-        const QString data = QStringLiteral(ZENTRA_SHARED_DATA);
-        QTest::newRow("absolute") << QDir::currentPath() << data + "/sample-project";
-        QTest::newRow("relative") << data << "sample-project";
-        QTest::newRow("dot-dot") << data + "/sample-project/structure" << "../../sample-project";
-        QTest::newRow("trailing slash") << data << "sample-project/";
+        for (const QString& parent : {QStringLiteral(ZENTRA_SOURCE_DIR "/examples"), QStringLiteral(ZENTRA_SHARED_DATA)}) {
+            const char* where = parent.endsWith("examples") ? "bundled" : "shared";
+            QTest::addRow("%s, relative", where) << parent << "." << "sample-project";
+            QTest::addRow("%s, dot-dot", where) << parent << "sample-project/structure" << "../../sample-project";
+            QTest::addRow("%s, trailing slash", where) << parent << "." << "sample-project/";
+        }
     }
-
-    /// The shared sample project read as a host reads a folder, by each form of its path.
-    void projectPathFormsMatchTheManifest() {
+    void projectPathFormsReadTheSameModel() {
+        QFETCH(QString, parent);
         QFETCH(QString, cwd);
         QFETCH(QString, path);
+        if (!QDir(parent + "/sample-project").exists())
+            QSKIP("sample project not present");
+        const auto read = [](const QString& from, const QString& folder) {
+            const QString previous = QDir::currentPath();
+            QDir::setCurrent(from);
+            oxa::OxaRoot root(false);
+            const bool ok = root.ReadFromOxaProject(folder, oxa::OxaRoot::DocumentSubfolders(folder));
+            QDir::setCurrent(previous);
+            const TreeCounts counts = CountTree(root.RootContainer());
+            return QStringList{QString::number(ok), Children(root.RootContainer()).join(','),
+                               QString::number(counts.containers), QString::number(counts.objects),
+                               QString::number(counts.triangles), QString::number(root.OxaObjectsList().size())};
+        };
+        const QStringList absolute = read(QDir::currentPath(), parent + "/sample-project");
+        QVERIFY(absolute[0] == "1" && absolute[3].toInt() > 0);
+        QCOMPARE(read(parent + "/" + cwd, path), absolute);
+    }
+
+    /// The shared sample project, read as a host reads a folder, against its manifest.
+    void sharedProjectMatchesTheManifest() {
+        const QString path = QStringLiteral(ZENTRA_SHARED_DATA) + "/sample-project";
         const QByteArray manifest = fixture::ReadFile(QStringLiteral(ZENTRA_SHARED_DATA) + "/sample-project/manifest.json");
         if (manifest.isEmpty())
             QSKIP("shared sample project not present");
         const QJsonObject project = QJsonDocument::fromJson(manifest).object().value("project").toObject();
-        const QString previous = QDir::currentPath();
-        QVERIFY(QDir::setCurrent(cwd));
         oxa::OxaRoot root(false);
-        const bool read = root.ReadFromOxaProject(path, oxa::OxaRoot::DocumentSubfolders(path));
-        QDir::setCurrent(previous);
-        QVERIFY(read);
+        QVERIFY(root.ReadFromOxaProject(path, oxa::OxaRoot::DocumentSubfolders(path)));
         QCOMPARE(Children(root.RootContainer()), project.value("root_children").toVariant().toStringList());
         const TreeCounts counts = CountTree(root.RootContainer());
         QCOMPARE(counts.containers, project.value("containers_in_tree").toInt());
