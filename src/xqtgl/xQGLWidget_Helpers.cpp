@@ -152,14 +152,33 @@ void xQGLWidget::draw_origin() {
     glEnable(GL_LIGHTING);
 }
 
+namespace {
+
+/// Window coordinates in pixels, origin at the bottom left, for as long as it lives.
+struct WindowOverlay {
+    WindowOverlay(int w, int h) {
+        glMatrixMode(GL_PROJECTION);
+        glPushMatrix();
+        glLoadIdentity();
+        gluOrtho2D(0, w, 0, h);
+        glMatrixMode(GL_MODELVIEW);
+        glPushMatrix();
+        glLoadIdentity();
+    }
+    ~WindowOverlay() {
+        glPopMatrix();
+        glMatrixMode(GL_PROJECTION);
+        glPopMatrix();
+        glMatrixMode(GL_MODELVIEW);
+    }
+    WindowOverlay(const WindowOverlay&) = delete;
+    WindowOverlay& operator=(const WindowOverlay&) = delete;
+};
+
+} // namespace
+
 void xQGLWidget::paint_legend() {
-    glMatrixMode(GL_PROJECTION);
-    glPushMatrix();
-    glLoadIdentity();
-    gluOrtho2D(0, width(), 0, height());
-    glMatrixMode(GL_MODELVIEW);
-    glPushMatrix();
-    glLoadIdentity();
+    const WindowOverlay overlay(width(), height());
     const double h = height();
     glShadeModel(GL_SMOOTH);
     // Two bands, red to green and green to blue, from a tenth to nine tenths of the height.
@@ -175,10 +194,6 @@ void xQGLWidget::paint_legend() {
         glVertex2d(10, band_heights[band + 1] * h);
         glEnd();
     }
-    glPopMatrix();
-    glMatrixMode(GL_PROJECTION);
-    glPopMatrix();
-    glMatrixMode(GL_MODELVIEW);
 }
 
 void xQGLWidget::build_font_lists() {
@@ -226,23 +241,13 @@ void xQGLWidget::Draw3DString(double x, double y, double z, double sx, double sy
 }
 
 void xQGLWidget::Show2DVectorText(const QString& text, bool) {
-    glMatrixMode(GL_PROJECTION);
-    glPushMatrix();
-    glLoadIdentity();
-    gluOrtho2D(0, width(), 0, height());
-    glMatrixMode(GL_MODELVIEW);
-    glPushMatrix();
-    glLoadIdentity();
+    const WindowOverlay overlay(width(), height());
     glDisable(GL_LIGHTING);
     glColor3d(0.0, 1.0, 0.0);
     glTranslated(10.0, 10.0, 0.0);
     glScaled(10.0, 10.0, 1.0);
     draw_text(text, false, true);
     glEnable(GL_LIGHTING);
-    glPopMatrix();
-    glMatrixMode(GL_PROJECTION);
-    glPopMatrix();
-    glMatrixMode(GL_MODELVIEW);
 }
 
 void xQGLWidget::ShowText(QPainter* p, const QRect& rect, int point_size, const QString& text,
